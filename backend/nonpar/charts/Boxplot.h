@@ -1,0 +1,47 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "model/NOPRTestRecords.h"
+
+class ChartString;
+class FacSTDictionary;
+class VarDataProcessor;
+class XDocument;
+
+/// One box for each group of a test, from the five numbers and outliers of the document. The slot
+/// order of the virtual operations is fixed.
+class Boxplot {
+public:
+    Boxplot(const FacSTDictionary* dictionary, const NOPROutputStats* stats);
+
+    /// True once the chart was sent.
+    virtual bool Render(const std::string& splitText, bool appendSplit);
+
+    /// Number of rows written. Settles the test field and the group field.
+    virtual int FillChartData(VarDataProcessor& processor);
+
+    /// Entry 0 is the group's code; entry 1, where a view gives one, the number of its popup.
+    virtual std::vector<double> CategoryCodes(const NOPROutputStats::BoxGroup& group);
+    virtual void EditTemplate(std::string& text);
+    virtual void EditDocument(XDocument& document);
+
+protected:
+    ~Boxplot();
+
+    void SetBoxPlot(const NOPROutputStats::BoxPlotData* boxPlot);
+    void SetCondition(const NOPROutputStats::ConditionData* condition);
+    void SetTitle(const ChartString& title);
+
+    const FacSTDictionary* GetDictionary() const;
+    const NOPROutputStats* GetStats() const;
+    const NOPROutputStats::BoxPlotData* GetBoxPlot() const;
+    const FieldInfoData* GetGroupField() const;
+    const FieldInfoData* GetTestField() const;
+
+private:
+    struct State;
+    std::unique_ptr<State> fState;
+};

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "refhost/document/OutputNode.h"
+
+namespace refhost {
+
+/// What is known of a run before its first split.
+struct RunStart {
+    std::string fTitle;     ///< the job's; may be empty
+    std::string fLanguage;  ///< code of the output language, "en"
+    bool fHasAnalysisVariables = false;
+    std::vector<int> fAnalysisVariables;
+};
+
+/// How a run ended.
+struct RunEnd {
+    bool fResult = false;
+    std::string fFailure;  ///< the text of the broken invariant; empty where none broke
+    std::string fNotice;   ///< what a person has to know of an incomplete output; may be empty
+};
+
+/// Where output goes, node by node. A node reaches the sink as soon as nothing more can be written
+/// under it, so a sink that writes at once needs no more memory than one node. Writers are sinks.
+/// A sink that can't write throws `WriteFailure`.
+class OutputSink {
+public:
+    virtual ~OutputSink() = default;
+    virtual void Begin(const RunStart& start) = 0;
+    virtual void Node(OutputNodePtr node) = 0;
+    virtual void End(const RunEnd& end) = 0;
+};
+
+}  // namespace refhost
