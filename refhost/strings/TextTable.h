@@ -22,6 +22,12 @@ public:
     /// The text of a key, or the key itself.
     std::string LookUp(Section section, std::string_view key) const;
 
+    /// The table by which the libraries of the host show keys; empty until one was chosen.
+    static const TextTable& Active();
+
+    /// Chooses the active table, which outlives its use; null chooses the empty one.
+    static void Activate(const TextTable* table);
+
 private:
     struct Hash {
         using is_transparent = void;
