@@ -1,0 +1,131 @@
+#include "refhost/data/NumberText.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <cstddef>
+#include <string_view>
+
+namespace refhost {
+
+namespace {
+
+// From here to there a number is written without an exponent, as powers of ten.
+constexpr int kFirstPlainPlace = -15;  // 1e-16 is 0.1 times ten to -15
+constexpr int kLastPlainPlace = 17;
+
+constexpr int kMostIntegerDigits = 309;  // of the largest double
+
+void StripTrailingZeros(std::string& digits) { digits.erase(digits.find_last_not_of('0') + 1); }
+
+/// Keeps the first `kept` digits, rounded half away from zero.
+void RoundDigits(DecimalDigits& number, long kept)
+{
+    if (kept >= static_cast<long>(number.fDigits.size())) return;
+    if (kept < 0) {
+        number.fDigits.clear();
+        return;
+    }
+    const auto count = static_cast<std::size_t>(kept);
+    const bool up = number.fDigits[count] >= '5';
+    number.fDigits.resize(count);
+    if (!up) return StripTrailingZeros(number.fDigits);
+
+    while (!number.fDigits.empty() && number.fDigits.back() == '9')
+        number.fDigits.pop_back();
+    if (number.fDigits.empty()) {
+        number.fDigits = "1";
+        ++number.fPointPlace;
+    } else {
+        ++number.fDigits.back();
+    }
+}
+
+/// The digits with a point behind the first `pointPlace` of them.
+std::string WithPoint(const std::string& digits, int pointPlace)
+{
+    if (pointPlace <= 0)
+        return "0." + std::string(static_cast<std::size_t>(-pointPlace), '0') + digits;
+    const auto place = static_cast<std::size_t>(pointPlace);
+    if (place >= digits.size()) return digits + std::string(place - digits.size(), '0');
+    return digits.substr(0, place) + '.' + digits.substr(place);
+}
+
+std::string ExponentText(int exponent)
+{
+    const std::string number = std::to_string(std::abs(exponent));
+    return (exponent < 0 ? "e-" : "e+") + std::string(number.size() < 2 ? 1 : 0, '0') + number;
+}
+
+}  // namespace
+
+DecimalDigits ShortestDigits(double value)
+{
+    DecimalDigits number;
+    number.fNegative = std::signbit(value);
+    if (!std::isfinite(value) || value == 0.0) return number;
+
+    std::array<char, 32> buffer;
+    const auto written = std::to_chars(buffer.data(), buffer.data() + buffer.size(),
+                                       std::abs(value), std::chars_format::scientific);
+    const char* exponentMark = std::find(buffer.data(), written.ptr, 'e');
+    int exponent = 0;
+    const char* exponentDigits = exponentMark + 1 + (exponentMark[1] == '+' ? 1 : 0);
+    std::from_chars(exponentDigits, written.ptr, exponent);
+
+    number.fDigits.push_back(buffer[0]);
+    if (buffer[1] == '.') number.fDigits += std::string_view(buffer.data() + 2, exponentMark);
+    StripTrailingZeros(number.fDigits);
+    number.fPointPlace = exponent + 1;
+    return number;
+}
+
+std::string ShortText(double value, int digits)
+{
+    if (std::isnan(value)) return "nan";
+    if (std::isinf(value)) return value < 0 ? "-inf" : "inf";
+
+    DecimalDigits number = ShortestDigits(value);
+    const bool plain =
+        number.fPointPlace >= kFirstPlainPlace && number.fPointPlace <= kLastPlainPlace;
+    RoundDigits(number, (plain ? number.fPointPlace : 1) + static_cast<long>(std::max(digits, 0)));
+    if (number.fDigits.empty()) return "0";
+
+    const char* sign = number.fNegative ? "-" : "";
+    if (plain) return sign + WithPoint(number.fDigits, number.fPointPlace);
+    return sign + WithPoint(number.fDigits, 1) + ExponentText(number.fPointPlace - 1);
+}
+
+std::string FixedText(double value, int decimals)
+{
+    std::string text(static_cast<std::size_t>(kMostIntegerDigits + 2 + std::max(decimals, 0)), ' ');
+    const auto written = std::to_chars(text.data(), text.data() + text.size(), value,
+                                       std::chars_format::fixed, std::max(decimals, 0));
+    text.resize(static_cast<std::size_t>(written.ptr - text.data()));
+    if (text.find_first_not_of("-0.") == std::string::npos && text.front() == '-') text.erase(0, 1);
+    return text;
+}
+
+std::string ScientificText(double value, int width)
+{
+    constexpr int kLongestExponent = 5;  // e+308
+    std::string text(static_cast<std::size_t>(std::max(width, 0) + 2 + kLongestExponent), ' ');
+    const auto write = [&](int precision) {
+        const auto written = std::to_chars(text.data(), text.data() + text.size(), value,
+                                           std::chars_format::scientific, precision);
+        return static_cast<int>(written.ptr - text.data());
+    };
+    // Rounding to fewer digits may lengthen the exponent (9.9e+99), so the search begins one digit
+    // above what the shortest form leaves room for.
+    const int bare = write(0);
+    if (bare > width) return {};
+    for (int precision = width - bare;; --precision) {
+        const int length = write(precision);
+        if (length > width && precision > 0) continue;
+        text.resize(static_cast<std::size_t>(length));
+        return text;
+    }
+}
+
+}  // namespace refhost

@@ -1,0 +1,93 @@
+#include <algorithm>
+#include <cstddef>
+#include <cstring>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "refhost/data/Calendar.h"
+#include "refhost/data/DateFormats.h"
+#include "refhost/data/MissingValue.h"
+#include "refhost/data/NumberText.h"
+#include "refhost/data/ValueText.h"
+
+#include "host/data/OBS.h"
+#include "host/data/QORT_Format.h"
+
+namespace refhost {
+
+namespace {
+
+std::optional<std::string> DateFormatText(double seconds, DateLayout layout, int decimals)
+{
+    switch (layout) {
+        case DateLayout::Date:
+            return DateText(seconds);
+        case DateLayout::DateTime:
+            return DateTimeText(seconds, ' ', decimals);
+        case DateLayout::Duration:
+            return DurationText(seconds, decimals);
+        case DateLayout::None:
+            break;
+    }
+    return {};
+}
+
+std::string FullText(double number, const QORT_Format& format)
+{
+    if (IsUntold(number)) return ".";
+    if (const DateFormatRow* row = FindDateFormat(format.fType))
+        if (auto text = DateFormatText(number, row->fLayout, format.fDecimals)) return *text;
+    return FixedText(number, format.fDecimals);
+}
+
+/// The text of a number in a width; stars where not even one digit and its exponent fit.
+std::string FittingText(double number, const QORT_Format& format)
+{
+    std::string text = FullText(number, format);
+    if (text.size() <= format.fWidth) return text;
+    text = ScientificText(number, format.fWidth);
+    return text.empty() ? std::string(format.fWidth, '*') : text;
+}
+
+/// The front of a text that `width` bytes hold, without half a character at its end.
+std::string_view CutToWidth(std::string_view text, std::size_t width)
+{
+    if (text.size() <= width) return text;
+    std::size_t end = width;
+    while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0U) == 0x80U)
+        --end;
+    return text.substr(0, end);
+}
+
+}  // namespace
+
+std::string ValueText(const OBS& value, const QORT_Format& format)
+{
+    std::string text = value.IsString() ? std::string(CutToWidth(value.Text(), format.fWidth))
+                                        : FittingText(value.Number(), format);
+    text.erase(text.find_last_not_of(' ') + 1);
+    text.erase(0, std::min(text.find_first_not_of(' '), text.size()));
+    return text;
+}
+
+std::string PaddedText(std::string text, const QORT_Format& format)
+{
+    if (text.size() < format.fWidth) text.resize(format.fWidth, ' ');
+    return text;
+}
+
+}  // namespace refhost
+
+void ToString(const OBS& value, const QORT_Format& format, char* buffer)
+{
+    if (!buffer || format.fWidth == 0) return;
+    std::memset(buffer, ' ', format.fWidth);
+    if (value.IsString()) {
+        const std::string_view text = refhost::CutToWidth(value.Text(), format.fWidth);
+        std::memcpy(buffer, text.data(), text.size());
+        return;
+    }
+    const std::string text = refhost::FittingText(value.Number(), format);
+    std::memcpy(buffer + (format.fWidth - text.size()), text.data(), text.size());
+}
