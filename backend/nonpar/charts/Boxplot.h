@@ -10,6 +10,7 @@ class ChartString;
 class FacSTDictionary;
 class VarDataProcessor;
 class XDocument;
+class XGraph;
 
 /// One box for each group of a test, from the five numbers and outliers of the document. The slot
 /// order of the virtual operations is fixed.
@@ -42,6 +43,11 @@ protected:
     const FieldInfoData* GetTestField() const;
 
 private:
+    /// Finds the test field and the group field, where the condition names both.
+    void SettleFields();
+    void NameAxes(std::string& text) const;
+    void BindVariables(XGraph& graph) const;
+
     struct State;
     std::unique_ptr<State> fState;
 };

@@ -42,7 +42,12 @@ protected:
     const NOPROutputStats* GetStats() const;
 
 private:
+    /// Number of rows written.
     int FillChartData(const NumericTable& table, VarDataProcessor& processor);
+
+    /// Writes the segments of a bar from `row` on; the row behind them. All segments show the same
+    /// tooltip, which lists the whole bar.
+    int FillBar(const NumericTable& table, std::size_t bar, int row, VarDataProcessor& processor);
 
     struct State;
     std::unique_ptr<State> fState;

@@ -1,0 +1,65 @@
+#include "charts/ValueLabels.h"
+
+#include <algorithm>
+
+#include "charts/NumberText.h"
+#include "model/NOPROutputStats.h"
+#include "model/RecordOf.h"
+
+#include "host/data/OBS.h"
+#include "host/data/QORT_Format.h"
+
+namespace {
+
+/// The reader numbers a field's values in ascending order.
+const FieldValue* FindValue(const FieldInfoData& field, int valueIndex)
+{
+    const auto found =
+        std::ranges::lower_bound(field.fValues, valueIndex, {}, &FieldValue::fValueIndex);
+    const bool isThere = found != field.fValues.end() && found->fValueIndex == valueIndex;
+    return isThere ? &*found : nullptr;
+}
+
+}  // namespace
+
+std::string ValueText(const FieldInfoData* field, int valueIndex)
+{
+    const FieldValue* value = field ? FindValue(*field, valueIndex) : nullptr;
+    if (!value) return FormatValue(valueIndex, nullptr);
+    return value->fLabel.empty() ? value->fValue.GetStringValue() : value->fLabel;
+}
+
+void ApplyValueLabels(const FieldInfoData* field, XVariable variable)
+{
+    if (!field) return;
+    if (field->fVariable) variable.setQORTVariable(field->fVariable);
+
+    int position = 0;
+    for (const FieldValue& value : field->fValues) {
+        const ChartString key = IntegerText(position++);
+        if (value.fLabel.empty())
+            variable.addRelabel(key.xc_str(), value.fValue.GetObsValue());
+        else
+            variable.addRelabel(key.xc_str(), ChartString(value.fLabel).xc_str());
+    }
+}
+
+const OBS* ValueAtPosition(const FieldInfoData* field, double position)
+{
+    const int index = CutToInt(position);
+    if (!field || index < 0 || static_cast<std::size_t>(index) >= field->fValues.size())
+        return nullptr;
+    return field->fValues[static_cast<std::size_t>(index)].fValue.GetObsValue();
+}
+
+std::string StringValue(const OBS& value, const QORT_Format& format)
+{
+    const std::string text = value.Text().substr(0, format.fWidth);
+    return text.substr(0, text.find_last_not_of(' ') + 1);
+}
+
+ChartString ValueKey(const OBS& value, const QORT_Format& format)
+{
+    if (format.fType != kStringFormat) return ExactText(value.Number());
+    return XUtility::ChartStringFromLocalCodePage(StringValue(value, format));
+}
