@@ -1,0 +1,82 @@
+#include "reader/NOPRXMLGeneral.h"
+
+#include "model/NOPRTestIdentity.h"
+
+namespace {
+
+/// The text of the first child element of a name.
+bool ReadTextOf(const SDOMXMLWrapper& element, const char* name, std::string& text)
+{
+    const SDOMXMLWrapper* child = FirstElement(element, name);
+    return child && child->GetTextBody(text);
+}
+
+template <class Record>
+Record& AppendChild(std::vector<Record>& list, ChildRef::Kind childKind,
+                    std::vector<ChildRef>& order)
+{
+    order.push_back({childKind, static_cast<int>(list.size())});
+    return list.emplace_back();
+}
+
+bool ReadChild(const SDOMXMLWrapper& child, StructuredTableData& data)
+{
+    const std::string& tag = child.GetName();
+    if (tag == "Attribute") {
+        auto& attribute = AppendChild(data.fAttributes, ChildRef::kAttribute, data.fChildOrder);
+        return ReadAttribute(child, attribute.fName, attribute.fValue);
+    }
+    if (tag == "SimpleTable")
+        return ReadSimpleTable(
+            child, AppendChild(data.fSimpleTables, ChildRef::kSimpleTable, data.fChildOrder));
+    if (tag == "StructuredTable")
+        return ReadStructuredTable(
+            child, AppendChild(data.fStrucTables, ChildRef::kStructuredTable, data.fChildOrder));
+    return true;
+}
+
+}  // namespace
+
+bool ReadAttribute(const SDOMXMLWrapper& element, std::string& name, std::string& value)
+{
+    value.clear();
+    element.GetAttribute("value", value);
+    return element.GetAttribute("name", name);
+}
+
+bool ReadNumberAttribute(const SDOMXMLWrapper& element, std::string& name, double& value)
+{
+    value = MissingValue;
+    element.GetAttribute("value", value);
+    return element.GetAttribute("name", name);
+}
+
+bool ReadSimpleTable(const SDOMXMLWrapper& element, SimpleTableData& data)
+{
+    if (!element.GetAttribute("name", data.fName)) return false;
+    if (!ReadTextOf(element, "RowNames", data.fRowNames)) return false;
+    if (!ReadTextOf(element, "ColumnNames", data.fColumnNames)) return false;
+
+    data.fRowTexts.clear();
+    return ForEachChild(element, "Row", true, [&data](const SDOMXMLWrapper& row) {
+        return row.GetTextBody(data.fRowTexts.emplace_back());
+    });
+}
+
+bool ReadStructuredTable(const SDOMXMLWrapper& element, StructuredTableData& data)
+{
+    if (!element.GetAttribute("name", data.fName)) return false;
+
+    data.fAttributes.clear();
+    data.fSimpleTables.clear();
+    data.fStrucTables.clear();
+    data.fChildOrder.clear();
+    return ForEachChild(element, "", true,
+                        [&data](const SDOMXMLWrapper& child) { return ReadChild(child, data); });
+}
+
+const SDOMXMLWrapper* FirstElement(const SDOMXMLWrapper& element, const char* path)
+{
+    SDOMXMLWrapper* found = nullptr;
+    return element.GetFirstElement(path, &found, true) ? found : nullptr;
+}
