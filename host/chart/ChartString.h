@@ -13,7 +13,6 @@ public:
     ChartString(const std::string& text);
 
     void assign(const ChartString& text);
-    void assign(const std::string& text);
 
     /// The shortest text that reads back as the value, rounded to at most `digits` digits behind
     /// the point.
@@ -21,7 +20,6 @@ public:
     void assignInteger(int value);
 
     void append(const ChartString& text);
-    void append(const std::string& text);
     void appendInteger(int value);
 
     /// Replaces every occurrence. An empty `from` changes nothing.
