@@ -25,7 +25,27 @@ void OutputBuilder::CloseHeading(const HeadingNode* heading)
     }
 }
 
-void OutputBuilder::Add(OutputNodePtr node)
+void OutputBuilder::Add(OutputNodePtr node) noexcept
+{
+    if (fFailure) return;
+    try {
+        Place(std::move(node));
+    } catch (...) {
+        Fail(std::current_exception());
+    }
+}
+
+void OutputBuilder::Fail(std::exception_ptr failure) noexcept
+{
+    if (!fFailure) fFailure = std::move(failure);
+}
+
+void OutputBuilder::ThrowFailure() const
+{
+    if (fFailure) std::rethrow_exception(fFailure);
+}
+
+void OutputBuilder::Place(OutputNodePtr node)
 {
     if (fOpen.empty()) {
         fSink.Node(std::move(node));

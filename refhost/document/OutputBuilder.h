@@ -1,5 +1,6 @@
 #pragma once
 
+#include <exception>
 #include <vector>
 
 #include "refhost/document/OutputSink.h"
@@ -20,12 +21,23 @@ public:
     /// Closes a heading, and all that are still open under it. Null and unknown ones do nothing.
     void CloseHeading(const HeadingNode* heading);
 
-    /// A table, chart or report, complete.
-    void Add(OutputNodePtr node);
+    /// A table, chart or report, complete. Nodes come from destructors, and from callers that
+    /// swallow what a chart throws; a failure of the sink is therefore kept, and what comes later
+    /// is dropped.
+    void Add(OutputNodePtr node) noexcept;
+
+    /// Keeps a failure met where nothing may be thrown; only the first counts.
+    void Fail(std::exception_ptr failure) noexcept;
+
+    /// Throws the failure that was kept, if there is one.
+    void ThrowFailure() const;
 
 private:
+    void Place(OutputNodePtr node);
+
     OutputSink& fSink;
     std::vector<OutputNodePtr> fOpen;  // outermost first
+    std::exception_ptr fFailure;
 };
 
 }  // namespace refhost
