@@ -1,0 +1,221 @@
+#include "refhost/pivot/CellText.h"
+
+#include <algorithm>
+
+#include "refhost/pivot/CompositeTemplate.h"
+#include "refhost/pivot/NumberFormats.h"
+
+#include "refhost/data/DateFormats.h"
+#include "refhost/data/MissingValue.h"
+#include "refhost/data/NumberText.h"
+#include "refhost/data/ValueText.h"
+#include "refhost/strings/TextTable.h"
+
+#include "host/data/OBS.h"
+#include "host/data/QORT_ValueLabelMap.h"
+#include "host/data/QORT_Variable.h"
+#include "host/pivot/BpProcedure.h"
+
+using refhost::Text;
+using refhost::TextComposite;
+using refhost::TextNumber;
+using refhost::TextRef;
+using refhost::TextString;
+using refhost::TextSublist;
+using refhost::TextValue;
+using refhost::TextVariable;
+
+namespace {
+
+constexpr std::string_view kMissingText = ".";
+constexpr int kAllDigits = 17;  // enough to read any double back
+
+std::shared_ptr<BpCellText::Impl> MakeText(Text text)
+{
+    return std::make_shared<BpCellText::Impl>(std::move(text));
+}
+
+std::string_view WithoutBlanksAtEnd(std::string_view text)
+{
+    const std::size_t last = text.find_last_not_of(' ');
+    return last == std::string_view::npos ? std::string_view() : text.substr(0, last + 1);
+}
+
+Text NumberText(double number, const BpFormatSpec& format)
+{
+    TextNumber passed;
+    passed.fNumber = number;
+    passed.fFormat = refhost::FormatName(format);
+    passed.fDecimals = refhost::FormatDecimals(format, number);
+    std::string shown = refhost::FormattedNumber(passed);
+    return {std::move(passed), std::move(shown)};
+}
+
+/// A value that bears no label. A string shows whole, also where it is wider than its format.
+std::string BareText(const QORT_Variable* variable, const OBS& value)
+{
+    if (value.IsString()) return std::string(WithoutBlanksAtEnd(value.Text()));
+    if (refhost::IsUntold(value.Number())) return std::string(kMissingText);
+    if (!variable || variable->GetType() != 0)
+        return refhost::ShortText(value.Number(), kAllDigits);
+    return refhost::ValueText(value, variable->GetFormat());
+}
+
+/// `host` is the value in the host's own unit, `passed` in the one in which it was given.
+Text ValueText(const QORT_Variable* variable, const OBS& passed, const OBS& host)
+{
+    TextValue value;
+    if (passed.IsString()) {
+        value.fValue = passed.Text();
+    } else {
+        value.fValue = passed.Number();
+    }
+    std::string shown;
+    if (variable) {
+        value.fOf = variable->GetName();
+        const char* label = QORT_ValueLabelMap(variable->GetValueLabels()).GetLabel(passed);
+        value.fLabelled = label != nullptr;
+        if (label) shown = label;
+    }
+    if (!value.fLabelled) shown = BareText(variable, host);
+    return {std::move(value), std::move(shown)};
+}
+
+Text PlainValueText(const QORT_Variable* variable, const OBS& value)
+{
+    return ValueText(variable, value, value);
+}
+
+/// Numbers of date formats are in the unit of the result document here.
+Text DocumentValueText(const QORT_Variable* variable, const OBS* value)
+{
+    if (!value) return PlainValueText(variable, OBS(refhost::kMissingValue));
+    if (!variable || value->IsString()) return PlainValueText(variable, *value);
+    const double number = refhost::HostNumber(value->Number(), variable->GetFormat().fType);
+    return ValueText(variable, *value, OBS(number));
+}
+
+Text VariableText(const QORT_Variable* variable)
+{
+    if (!variable) return {TextVariable{}, ""};
+    return {TextVariable{variable->GetName()}, variable->GetPreferredLabel()};
+}
+
+bool IsMessageCode(std::string_view key)
+{
+    return !key.empty() && std::ranges::all_of(key, [](char c) { return c >= '0' && c <= '9'; });
+}
+
+}  // namespace
+
+namespace refhost {
+
+TextRef Snapshot(const BpCellText& text) { return text.GetImpl()->Snapshot(); }
+
+std::string TableText(std::string_view string, bool lookup)
+{
+    if (!lookup) return std::string(string);
+    const std::string* text = TextTable::Active().Find(TextTable::Section::Pivot, string);
+    if (text) return *text;
+    if (IsMessageCode(string)) return "Message " + std::string(string) + ".";
+    return std::string(string);
+}
+
+}  // namespace refhost
+
+BpCellText::Impl::Impl(Text text)
+    : fText(std::make_shared<Text>(std::move(text))),
+      fStale(std::holds_alternative<TextComposite>(fText->fPassed))
+{
+}
+
+TextRef BpCellText::Impl::Snapshot()
+{
+    const auto* composite = std::get_if<TextComposite>(&fText->fPassed);
+    if (fStale && composite) {
+        const std::string text = refhost::TableText(composite->fString, composite->fLookup);
+        fText->fShown = refhost::FillTemplate(text, composite->fParts);
+        fStale = false;
+    }
+    return fText;
+}
+
+void BpCellText::Impl::Add(TextRef part)
+{
+    TextComposite* composite = Edit();
+    if (!composite) return;
+    if (fSublistOpen) {
+        std::get<TextSublist>(composite->fParts.back()).fItems.push_back(std::move(part));
+    } else {
+        composite->fParts.emplace_back(std::move(part));
+    }
+}
+
+void BpCellText::Impl::Sublist()
+{
+    TextComposite* composite = Edit();
+    if (!composite) return;
+    composite->fParts.emplace_back(TextSublist{});
+    fSublistOpen = true;
+}
+
+void BpCellText::Impl::EndSublist() { fSublistOpen = false; }
+
+void BpCellText::Impl::Finish()
+{
+    fSublistOpen = false;
+    fFinished = true;
+}
+
+TextComposite* BpCellText::Impl::Edit()
+{
+    if (fFinished) return nullptr;
+    if (fText.use_count() > 1) fText = std::make_shared<Text>(*fText);
+    fStale = true;
+    return std::get_if<TextComposite>(&fText->fPassed);
+}
+
+BpCellText BpCellText::Replicate() const { return BpCellText(std::make_shared<Impl>(*fImpl)); }
+
+BpString::BpString(const std::string& string, bool lookup)
+    : BpCellText(MakeText({TextString{string, lookup}, refhost::TableText(string, lookup)}))
+{
+}
+
+BpNumber::BpNumber(double number, const BpFormatSpec& format)
+    : BpCellText(MakeText(NumberText(number, format)))
+{
+}
+
+BpVariable::BpVariable(const QORT_Variable* variable, Show)
+    : BpCellText(MakeText(VariableText(variable)))
+{
+}
+
+BpDataValue::BpDataValue(const QORT_Variable* variable, double value, Preference)
+    : BpCellText(MakeText(PlainValueText(variable, OBS(value))))
+{
+}
+
+BpDataValue::BpDataValue(const QORT_Variable* variable, const std::string& value, Preference)
+    : BpCellText(MakeText(PlainValueText(variable, OBS(value))))
+{
+}
+
+BpDataValue::BpDataValue(const QORT_Variable* variable, const OBS* value, Preference)
+    : BpCellText(MakeText(DocumentValueText(variable, value)))
+{
+}
+
+BpComposite::BpComposite(const std::string& string, bool lookup)
+    : BpCellText(MakeText({TextComposite{string, lookup, {}}, ""}))
+{
+}
+
+void BpComposite::Add(const BpCellText& text) { fImpl->Add(text.GetImpl()->Snapshot()); }
+
+void BpComposite::Sublist() { fImpl->Sublist(); }
+
+void BpComposite::EndSublist() { fImpl->EndSublist(); }
+
+void BpComposite::Finish() { fImpl->Finish(); }

@@ -1,0 +1,60 @@
+#include "refhost/pivot/CellText.h"
+#include "refhost/pivot/HeadingImpl.h"
+#include "refhost/pivot/PivotTableImpl.h"
+
+#include "refhost/document/HostRun.h"
+#include "refhost/document/OutputBuilder.h"
+
+#include "host/pivot/BpError.h"
+#include "host/pivot/BpHeading.h"
+#include "host/pivot/BpPivotTable.h"
+
+namespace {
+
+/// The output to write to, or null. Here a failed output ends the run; the handles' destructors
+/// can't.
+refhost::OutputBuilder* Working(refhost::OutputBuilder* output)
+{
+    if (output) output->ThrowFailure();
+    return output;
+}
+
+}  // namespace
+
+BpHeading::Impl::Impl(refhost::OutputBuilder* output, const refhost::HeadingNode* node)
+    : fOutput(output), fNode(node)
+{
+}
+
+BpHeading::Impl::~Impl()
+{
+    if (fOutput && fNode) fOutput->CloseHeading(fNode);
+}
+
+BpHeading::BpHeading(std::unique_ptr<Impl> impl) : fImpl(std::move(impl)) {}
+BpHeading::~BpHeading() = default;
+BpHeading::BpHeading(BpHeading&&) noexcept = default;
+BpHeading& BpHeading::operator=(BpHeading&&) noexcept = default;
+
+BpHeading BpHeading::Heading(const BpCellText& text)
+{
+    refhost::OutputBuilder* output = Working(fImpl ? fImpl->Output() : nullptr);
+    const refhost::HeadingNode* node =
+        output ? output->OpenHeading(refhost::Snapshot(text)) : nullptr;
+    return BpHeading(std::make_unique<Impl>(output, node));
+}
+
+BpPivotTable BpHeading::PivotTable(const BpCellText& title, const BpCellText& subtype, bool)
+{
+    refhost::OutputBuilder* output = Working(fImpl ? fImpl->Output() : nullptr);
+    return BpPivotTable(std::make_unique<BpPivotTable::Impl>(output, refhost::Snapshot(title),
+                                                             refhost::Snapshot(subtype)));
+}
+
+void BpError(const std::string& text, BpErrorShow show, BpErrorLevel level)
+{
+    refhost::OutputBuilder* output = Working(refhost::HostRun::Current().fOutput);
+    if (!output) return;
+    refhost::ErrorNode error{text, static_cast<int>(show), static_cast<int>(level)};
+    output->Add(std::make_unique<refhost::OutputNode>(refhost::OutputNode{std::move(error)}));
+}

@@ -1,0 +1,87 @@
+#include "refhost/pivot/NumberFormats.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "refhost/pivot/PivotProcedure.h"
+
+#include "refhost/data/MissingValue.h"
+#include "refhost/data/NumberText.h"
+
+#include "host/data/QORT_DataSource.h"
+#include "host/data/QORT_Variable.h"
+#include "host/pivot/BpProcedure.h"
+
+namespace refhost {
+
+namespace {
+
+using Kind = BpFormatSpec::Kind;
+
+/// A number that shows whole at fewer decimals takes the fewest of them.
+struct FormatRow {
+    Kind fKind;
+    NumberFormat fName;
+    int fFewest;
+    int fMost;
+};
+
+// clang-format off
+constexpr FormatRow kFormats[] = {
+    {Kind::Significance,       NumberFormat::Significance,       3, 3},
+    {Kind::Proportion,         NumberFormat::Proportion,         3, 3},
+    {Kind::Count,              NumberFormat::Count,              0, 0},
+    {Kind::Coefficient,        NumberFormat::Coefficient,        3, 3},
+    {Kind::Percent,            NumberFormat::Percent,            0, 1},
+    {Kind::CountOrCoefficient, NumberFormat::CountOrCoefficient, 0, 3},
+    {Kind::StdDev,             NumberFormat::StdDev,             3, 3},
+};
+// clang-format on
+
+constexpr int kMostDecimals = 16;
+constexpr double kLongestFixed =
+    1e15;  // from here on fixed notation shows digits that aren't there
+
+const FormatRow& Row(const BpFormatSpec& format)
+{
+    const auto* found = std::ranges::find(kFormats, format.GetKind(), &FormatRow::fKind);
+    return found != std::end(kFormats) ? *found : kFormats[0];
+}
+
+/// One more than the variable itself shows.
+int StdDevDecimals(int variable, int otherwise)
+{
+    const QORT_DataSource* source = FormatDataSource();
+    const QORT_Variable* found = source && variable >= 0 ? source->GetVariable(variable) : nullptr;
+    return found ? std::min(found->GetFormat().fDecimals + 1, kMostDecimals) : otherwise;
+}
+
+/// A percentage is whole where it shows whole: 95.00000000000001 came from 0.95.
+bool IsWhole(double number, Kind kind)
+{
+    if (kind == Kind::Percent) return std::abs(number - std::round(number)) < 0.05;
+    return number == std::trunc(number);
+}
+
+}  // namespace
+
+NumberFormat FormatName(const BpFormatSpec& format) { return Row(format).fName; }
+
+int FormatDecimals(const BpFormatSpec& format, double number)
+{
+    const FormatRow& row = Row(format);
+    if (row.fKind == Kind::StdDev) return StdDevDecimals(format.GetVariable(), row.fMost);
+    return IsUntold(number) || IsWhole(number, row.fKind) ? row.fFewest : row.fMost;
+}
+
+std::string FormattedNumber(const TextNumber& number)
+{
+    if (IsUntold(number.fNumber)) return ".";
+    std::string text = std::abs(number.fNumber) < kLongestFixed
+                           ? FixedText(number.fNumber, number.fDecimals)
+                           : ShortText(number.fNumber, number.fDecimals);
+    if (number.fFormat == NumberFormat::Percent) text += '%';
+    return text;
+}
+
+}  // namespace refhost

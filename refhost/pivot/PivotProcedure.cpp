@@ -1,0 +1,62 @@
+#include "refhost/pivot/PivotProcedure.h"
+
+#include "refhost/pivot/HeadingImpl.h"
+
+#include "refhost/document/HostRun.h"
+
+#include "host/pivot/BpProcedure.h"
+
+namespace refhost {
+
+namespace {
+
+const QORT_DataSource* gFormatDataSource = nullptr;
+
+/// The formats' makers are static, so the data is not to be had from a handle.
+class RunProcedure final : public BpProcedure {
+public:
+    explicit RunProcedure(const QORT_DataSource* source)
+        : BpProcedure(std::make_unique<BpHeading::Impl>(HostRun::Current().fOutput, nullptr)),
+          fPrevious(gFormatDataSource)
+    {
+        gFormatDataSource = source;
+    }
+    ~RunProcedure() override { gFormatDataSource = fPrevious; }
+    RunProcedure(const RunProcedure&) = delete;
+    RunProcedure& operator=(const RunProcedure&) = delete;
+
+private:
+    const QORT_DataSource* fPrevious;
+};
+
+}  // namespace
+
+std::unique_ptr<BpProcedure> MakeProcedure(const QORT_DataSource* source)
+{
+    return std::make_unique<RunProcedure>(source);
+}
+
+const QORT_DataSource* FormatDataSource() { return gFormatDataSource; }
+
+}  // namespace refhost
+
+BpFormatSpec BpProcedure::Significance() { return BpFormatSpec(BpFormatSpec::Kind::Significance); }
+
+BpFormatSpec BpProcedure::Proportion() { return BpFormatSpec(BpFormatSpec::Kind::Proportion); }
+
+BpFormatSpec BpProcedure::Count() { return BpFormatSpec(BpFormatSpec::Kind::Count); }
+
+BpFormatSpec BpProcedure::Coefficient() { return BpFormatSpec(BpFormatSpec::Kind::Coefficient); }
+
+BpFormatSpec BpProcedure::Percent() { return BpFormatSpec(BpFormatSpec::Kind::Percent); }
+
+// Which of the two it is, the number that is shown tells by itself.
+BpFormatSpec BpProcedure::CountOrCoefficent(double)
+{
+    return BpFormatSpec(BpFormatSpec::Kind::CountOrCoefficient);
+}
+
+BpFormatSpec BpProcedure::StdDev(int variable)
+{
+    return BpFormatSpec(BpFormatSpec::Kind::StdDev, variable);
+}
