@@ -81,8 +81,9 @@ struct MarkStyle {
     double fOpacity = 1.0;
     std::vector<double> fDash;  ///< empty: solid
     FillPattern fPattern = FillPattern::Solid;
-    double fSize = 34.0;    ///< of a point: its area in square pixels
-    double fSpacing = 0.0;  ///< pixels that a rect stays short of its neighbour
+    double fSize = 34.0;  ///< of a point: its area in square pixels
+    double fGapX = 0.0;   ///< pixels by which a rect is drawn narrower
+    double fGapY = 0.0;   ///< pixels by which a rect is drawn lower
     double fCorner = 0.0;
 
     double fFontSize = 11.0;

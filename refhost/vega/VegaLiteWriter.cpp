@@ -1,0 +1,218 @@
+#include "refhost/vega/VegaLiteWriter.h"
+
+#include <string_view>
+#include <vector>
+
+#include "refhost/plot/ResolvedChart.h"
+#include "refhost/vega/JsonStream.h"
+#include "refhost/vega/VegaLegends.h"
+#include "refhost/vega/VegaMarks.h"
+#include "refhost/vega/VegaScales.h"
+#include "refhost/vega/VegaTheme.h"
+
+namespace refhost {
+namespace {
+
+constexpr std::string_view kSchema = "https://vega.github.io/schema/vega-lite/v6.json";
+constexpr double kSideHeaderGap = 8.0;
+
+/// Lines that stand below the picture, in small italics.
+std::string LinesBelow(const ResolvedChart& chart, VegaTexts texts)
+{
+    std::string lines = texts == VegaTexts::Inside ? chart.fFootnote : std::string();
+    for (const std::string& note : chart.fNotes) {
+        if (!lines.empty()) lines.push_back('\n');
+        lines.append(note);
+    }
+    return lines;
+}
+
+void WriteTitle(JsonStream& json, const ResolvedChart& chart)
+{
+    if (chart.fTitle.empty() && chart.fSubtitle.empty()) return;
+    json.Key("title");
+    json.BeginObject();
+    json.Key("text");
+    json.Lines(chart.fTitle);
+    if (!chart.fSubtitle.empty()) {
+        json.Key("subtitle");
+        json.Lines(chart.fSubtitle);
+    }
+    json.EndObject();
+}
+
+void WriteLinesBelow(JsonStream& json, const std::string& lines)
+{
+    json.Key("title");
+    json.BeginObject();
+    json.Key("text");
+    json.Lines(lines);
+    json.Member("orient", "bottom");
+    json.Member("fontSize", 11);
+    json.Member("lineHeight", 15);
+    json.Member("fontWeight", 400);
+    json.Member("fontStyle", "italic");
+    json.Member("offset", 8);
+    json.EndObject();
+}
+
+/// The label of the field whose categories stand along the plots.
+void WriteFieldTitle(JsonStream& json, const std::string& title, const char* side)
+{
+    json.Key("title");
+    json.BeginObject();
+    json.Key("text");
+    json.Lines(title);
+    json.Member("orient", side);
+    json.Member("anchor", "middle");
+    json.Member("frame", "group");
+    json.Member("fontSize", 12);
+    json.Member("fontWeight", 500);
+    json.Member("offset", 8);
+    json.EndObject();
+}
+
+void WriteHeader(JsonStream& json, const std::vector<std::string>& header)
+{
+    if (header.empty()) return;
+    json.Key("title");
+    json.BeginObject();
+    json.Key("text");
+    json.Lines(header.front());
+    if (header.size() > 1) {
+        std::string below;
+        for (std::size_t line = 1; line < header.size(); ++line) {
+            below.append(line == 1 ? "" : "\n").append(header[line]);
+        }
+        json.Key("subtitle");
+        json.Lines(below);
+    }
+    json.Member("anchor", "middle");
+    json.Member("frame", "group");
+    json.Member("fontSize", 12);
+    json.Member("offset", 8);
+    json.EndObject();
+}
+
+/// What a plot is made of, as members of an object that is open.
+void WritePlot(JsonStream& json, const ResolvedChart& chart, const ResolvedPlot& plot,
+               const LabelParameters& labels)
+{
+    json.Member("width", plot.fWidth);
+    json.Member("height", plot.fHeight);
+    if (plot.fFramed) {
+        json.Key("view");
+        json.BeginObject();
+        json.Member("style", "framed");
+        json.EndObject();
+    }
+    json.Key("encoding");
+    json.BeginObject();
+    WritePositions(json, plot, labels);
+    json.EndObject();
+    json.Key("layer");
+    json.BeginArray();
+    WriteMarks(json, plot);
+    if (!plot.fSideHeader.empty()) {
+        WriteSideHeader(json, plot, LeftStrip(plot) + kSideHeaderGap);
+    }
+    if (&plot == &chart.fPlots.front()) WriteLegends(json, chart.fLegends, labels);
+    json.EndArray();
+}
+
+void WritePlots(JsonStream& json, const ResolvedChart& chart, const LabelParameters& labels)
+{
+    if (chart.fPlots.size() == 1) {
+        WriteHeader(json, chart.fPlots.front().fHeader);
+        return WritePlot(json, chart, chart.fPlots.front(), labels);
+    }
+    json.Member("columns", chart.fColumns);
+    json.Member("spacing", chart.fSpacing);
+    json.Key("concat");
+    json.BeginArray();
+    for (const ResolvedPlot& plot : chart.fPlots) {
+        json.BeginObject();
+        WriteHeader(json, plot.fHeader);
+        WritePlot(json, chart, plot, labels);
+        json.EndObject();
+    }
+    json.EndArray();
+}
+
+/// A view bears one title only, so each further title is a view around what it belongs to.
+class Wrappings {
+public:
+    explicit Wrappings(JsonStream& json) : fJson(json) {}
+    void Open()
+    {
+        fJson.Key("concat");
+        fJson.BeginArray();
+        fJson.BeginObject();
+        ++fDepth;
+    }
+    void Close()
+    {
+        for (; fDepth > 0; --fDepth) {
+            fJson.EndObject();
+            fJson.EndArray();
+        }
+    }
+
+private:
+    JsonStream& fJson;
+    int fDepth = 0;
+};
+
+std::string Document(const ResolvedChart& chart, VegaTexts texts, bool themed)
+{
+    if (chart.fPlots.empty()) return "{}";
+    const LabelParameters labels(chart);
+    JsonStream json;
+    json.BeginObject();
+    json.Member("$schema", kSchema);
+    json.Member("description", std::string_view(chart.fDescription));
+    labels.Write(json);
+    if (themed) {
+        json.Key("config");
+        json.Object(VegaThemeText(VegaTheme::Light));
+    }
+    if (texts == VegaTexts::Inside) WriteTitle(json, chart);
+
+    Wrappings wrappings(json);
+    if (const std::string lines = LinesBelow(chart, texts); !lines.empty()) {
+        wrappings.Open();
+        WriteLinesBelow(json, lines);
+    }
+    if (!chart.fRowTitle.empty()) {
+        wrappings.Open();
+        WriteFieldTitle(json, chart.fRowTitle, "left");
+    }
+    if (!chart.fColumnTitle.empty()) {
+        wrappings.Open();
+        WriteFieldTitle(json, chart.fColumnTitle, "top");
+    }
+    if (!chart.fPlots.front().fHeader.empty() && chart.fPlots.size() == 1) wrappings.Open();
+    WritePlots(json, chart, labels);
+    wrappings.Close();
+    json.EndObject();
+    return json.Text();
+}
+
+}  // namespace
+
+std::string VegaLiteText(const ResolvedChart& chart)
+{
+    return Document(chart, VegaTexts::Outside, /*themed=*/false);
+}
+
+std::string VegaLiteText(const ResolvedChart& chart, VegaTexts texts)
+{
+    return Document(chart, texts, /*themed=*/false);
+}
+
+std::string VegaLiteFile(const ResolvedChart& chart)
+{
+    return Document(chart, VegaTexts::Inside, /*themed=*/true);
+}
+
+}  // namespace refhost

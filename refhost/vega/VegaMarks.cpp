@@ -1,0 +1,323 @@
+#include "refhost/vega/VegaMarks.h"
+
+#include <cmath>
+#include <string_view>
+#include <vector>
+
+#include "refhost/vega/JsonStream.h"
+#include "refhost/vega/VegaPatterns.h"
+#include "refhost/vega/VegaTheme.h"
+
+namespace refhost {
+namespace {
+
+constexpr double kHaloWidth = 4.0;
+
+const char* MarkName(MarkKind kind)
+{
+    switch (kind) {
+        case MarkKind::Rect:
+            return "rect";
+        case MarkKind::Line:
+            return "line";
+        case MarkKind::Area:
+            return "area";
+        case MarkKind::Rule:
+            return "rule";
+        case MarkKind::Point:
+            return "point";
+        case MarkKind::Text:
+            return "text";
+    }
+    return "point";
+}
+
+/// What the marks of a layer have, and so what its encoding names.
+struct LayerFields {
+    bool fX2 = false, fY2 = false, fPopup = false;
+    bool fOpenX = true, fOpenY = true;
+};
+
+LayerFields FieldsOf(const MarkLayer& layer)
+{
+    LayerFields fields;
+    for (const ResolvedMark& mark : layer.fMarks) {
+        fields.fX2 |= std::isfinite(mark.fX2);
+        fields.fY2 |= std::isfinite(mark.fY2);
+        fields.fPopup |= !mark.fPopup.empty();
+        fields.fOpenX &= !std::isfinite(mark.fX);
+        fields.fOpenY &= !std::isfinite(mark.fY);
+    }
+    return fields;
+}
+
+void WriteNumber(JsonStream& json, const char* name, double number)
+{
+    if (std::isfinite(number)) json.Member(name, number);
+}
+
+void WriteWord(JsonStream& json, const char* name, const std::string& word)
+{
+    if (!word.empty()) json.Member(name, std::string_view(word));
+}
+
+/// Rows of the layer, or of one of its marks: numbers that are missing are left out.
+void WriteRows(JsonStream& json, const MarkLayer& layer, const ResolvedMark* only)
+{
+    const bool isPath = layer.fKind == MarkKind::Line || layer.fKind == MarkKind::Area;
+    json.Key("data");
+    json.BeginObject();
+    json.Key("values");
+    json.BeginArray();
+    int place = 0;
+    for (const ResolvedMark& mark : layer.fMarks) {
+        if (only && only != &mark) continue;
+        json.BeginObject();
+        if (isPath) json.Member("i", place++);
+        if (!layer.fInPixels) {
+            WriteNumber(json, "x", mark.fX);
+            WriteNumber(json, "x2", mark.fX2);
+            WriteNumber(json, "y", mark.fY);
+            WriteNumber(json, "y2", mark.fY2);
+        }
+        WriteWord(json, "key", mark.fKey);
+        WriteWord(json, "series", mark.fSeries);
+        if (layer.fKind == MarkKind::Text) {
+            json.Key("text");
+            json.Lines(mark.fText);
+        }
+        WriteWord(json, "tip", mark.fPopup);
+        json.EndObject();
+    }
+    json.EndArray();
+    json.EndObject();
+}
+
+/// A colour as a style of the theme where the theme has one, else as it is.
+void WriteColor(JsonStream& json, std::vector<std::string_view>& styles, const char* channel,
+                const PaintedColor& color)
+{
+    if (color.fPaint == Paint::None) {
+        json.Key(channel);
+        json.Null();
+    } else if (const auto style = ThemeStyle(channel, color); !style.empty()) {
+        styles.push_back(style);
+    } else {
+        json.Member(channel, std::string_view(color.fColor));
+    }
+}
+
+void WriteTextStyle(JsonStream& json, const MarkStyle& style)
+{
+    constexpr const char* kAligns[] = {"left", "center", "right"};
+    constexpr const char* kBaselines[] = {"top", "middle", "bottom"};
+    json.Member("align", kAligns[static_cast<int>(style.fAlign)]);
+    json.Member("baseline", kBaselines[static_cast<int>(style.fBaseline)]);
+    json.Member("fontSize", style.fFontSize);
+    json.Member("lineHeight", std::round(style.fFontSize * 1.4));
+    if (style.fBold) json.Member("fontWeight", 600);
+    if (style.fItalic) json.Member("fontStyle", "italic");
+    if (style.fShiftX != 0.0) json.Member("dx", style.fShiftX);
+    if (style.fShiftY != 0.0) json.Member("dy", style.fShiftY);
+}
+
+void WriteRectStyle(JsonStream& json, const MarkStyle& style)
+{
+    if (style.fCorner > 0.0) json.Member("cornerRadius", style.fCorner);
+    if (style.fGapX > 0.0) {
+        json.Member("xOffset", style.fGapX / 2);
+        json.Member("x2Offset", -style.fGapX / 2);
+    }
+    if (style.fGapY > 0.0) {
+        json.Member("yOffset", -style.fGapY / 2);
+        json.Member("y2Offset", style.fGapY / 2);
+    }
+}
+
+void WriteMark(JsonStream& json, const MarkLayer& layer)
+{
+    const MarkStyle& style = layer.fStyle;
+    std::vector<std::string_view> styles;
+    json.Key("mark");
+    json.BeginObject();
+    json.Member("type", MarkName(layer.fKind));
+    if (layer.fKind == MarkKind::Line || layer.fKind == MarkKind::Rule) {
+        WriteColor(json, styles, "stroke", style.fStroke);
+        json.Member("strokeWidth", style.fStrokeWidth);
+    } else {
+        WriteColor(json, styles, "fill", style.fFill);
+        if (style.fStroke.fPaint != Paint::None) {
+            WriteColor(json, styles, "stroke", style.fStroke);
+            json.Member("strokeWidth", style.fStrokeWidth);
+        }
+    }
+    if (!style.fDash.empty()) {
+        json.Key("strokeDash");
+        json.BeginArray();
+        for (const double length : style.fDash) {
+            json.Value(length);
+        }
+        json.EndArray();
+    }
+    json.Member("opacity", style.fOpacity);
+    if (layer.fKind == MarkKind::Rect) WriteRectStyle(json, style);
+    if (layer.fKind == MarkKind::Point) json.Member("size", style.fSize);
+    if (layer.fKind == MarkKind::Text) WriteTextStyle(json, style);
+    if (layer.fKind == MarkKind::Line || layer.fKind == MarkKind::Area) json.Member("clip", true);
+    if (layer.fHelper) json.Member("aria", false);
+    if (!styles.empty()) {
+        json.Key("style");
+        json.BeginArray();
+        for (const std::string_view name : styles) {
+            json.Value(name);
+        }
+        json.EndArray();
+    }
+    json.EndObject();
+}
+
+void WritePixel(JsonStream& json, const char* channel, double pixel)
+{
+    json.Key(channel);
+    json.BeginObject();
+    json.Member("value", pixel);
+    json.EndObject();
+}
+
+void WriteField(JsonStream& json, const char* channel, const char* field, const char* type)
+{
+    json.Key(channel);
+    json.BeginObject();
+    json.Member("field", field);
+    if (type) json.Member("type", type);
+    json.EndObject();
+}
+
+/// A direction that no mark settles is the whole length of the plot.
+void WritePlaces(JsonStream& json, const ResolvedPlot& plot, const LayerFields& fields)
+{
+    if (fields.fOpenX) {
+        WritePixel(json, "x", 0.0);
+        WritePixel(json, "x2", plot.fWidth);
+    } else if (fields.fX2) {
+        WriteField(json, "x2", "x2", nullptr);
+    }
+    if (fields.fOpenY) {
+        WritePixel(json, "y", 0.0);
+        WritePixel(json, "y2", plot.fHeight);
+    } else if (fields.fY2) {
+        WriteField(json, "y2", "y2", nullptr);
+    }
+}
+
+void WritePixelPlaces(JsonStream& json, const ResolvedMark& mark)
+{
+    struct Row {
+        const char* fChannel;
+        double fPixel;
+    };
+    for (const Row& row :
+         {Row{"x", mark.fX}, Row{"y", mark.fY}, Row{"x2", mark.fX2}, Row{"y2", mark.fY2}}) {
+        if (std::isfinite(row.fPixel)) WritePixel(json, row.fChannel, row.fPixel);
+    }
+}
+
+void WriteOneLayer(JsonStream& json, const ResolvedPlot& plot, const MarkLayer& layer,
+                   const ResolvedMark* only)
+{
+    const LayerFields fields = FieldsOf(layer);
+    json.BeginObject();
+    WriteRows(json, layer, only);
+    WriteMark(json, layer);
+    json.Key("encoding");
+    json.BeginObject();
+    if (only) {
+        WritePixelPlaces(json, *only);
+    } else {
+        WritePlaces(json, plot, fields);
+    }
+    if (layer.fKind == MarkKind::Line || layer.fKind == MarkKind::Area) {
+        WriteField(json, "order", "i", "quantitative");
+    }
+    if (layer.fKind == MarkKind::Text) WriteField(json, "text", "text", "nominal");
+    if (fields.fPopup) {
+        WriteField(json, "tooltip", "tip", "nominal");
+        WriteField(json, "description", "tip", "nominal");
+    }
+    json.EndObject();
+    json.EndObject();
+}
+
+void WriteLayer(JsonStream& json, const ResolvedPlot& plot, const MarkLayer& layer)
+{
+    if (layer.fMarks.empty()) return;
+    if (!layer.fInPixels) return WriteOneLayer(json, plot, layer, nullptr);
+    for (const ResolvedMark& mark : layer.fMarks) {
+        WriteOneLayer(json, plot, layer, &mark);
+    }
+}
+
+/// The ground's colour around the letters, drawn below them.
+MarkLayer HaloOf(const MarkLayer& texts)
+{
+    MarkLayer halo = texts;
+    halo.fHelper = true;
+    halo.fStyle.fFill = {Paint::Ground, {}};
+    halo.fStyle.fStroke = {Paint::Ground, {}};
+    halo.fStyle.fStrokeWidth = kHaloWidth;
+    halo.fStyle.fOpacity = 0.85;
+    return halo;
+}
+
+}  // namespace
+
+void WriteMarks(JsonStream& json, const ResolvedPlot& plot)
+{
+    for (const MarkLayer& layer : plot.fLayers) {
+        if (layer.fKind == MarkKind::Text && layer.fStyle.fHalo) {
+            WriteLayer(json, plot, HaloOf(layer));
+        }
+        WriteLayer(json, plot, layer);
+        if (layer.fKind == MarkKind::Rect && layer.fStyle.fPattern != FillPattern::Solid) {
+            WriteLayer(json, plot, PatternMarks(layer, plot));
+        }
+    }
+}
+
+void WriteSideHeader(JsonStream& json, const ResolvedPlot& plot, double right)
+{
+    json.BeginObject();
+    json.Key("data");
+    json.BeginObject();
+    json.Key("values");
+    json.BeginArray();
+    json.BeginObject();
+    json.Key("text");
+    json.Lines(plot.fSideHeader);
+    json.EndObject();
+    json.EndArray();
+    json.EndObject();
+    json.Key("mark");
+    json.BeginObject();
+    json.Member("type", "text");
+    json.Member("angle", 270);
+    json.Member("align", "center");
+    json.Member("baseline", "bottom");
+    json.Member("fontSize", 12);
+    json.Member("fontWeight", 600);
+    json.Member("limit", plot.fHeight);
+    json.Key("style");
+    json.BeginArray();
+    json.Value(ThemeStyle("fill", {Paint::Ink, {}}));
+    json.EndArray();
+    json.EndObject();
+    json.Key("encoding");
+    json.BeginObject();
+    WritePixel(json, "x", -right);
+    WritePixel(json, "y", plot.fHeight / 2);
+    WriteField(json, "text", "text", "nominal");
+    json.EndObject();
+    json.EndObject();
+}
+
+}  // namespace refhost
