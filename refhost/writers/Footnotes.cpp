@@ -28,7 +28,7 @@ Footnotes::Footnotes(const TableGrid& grid)
     }
 }
 
-std::string Footnotes::Marks(const std::vector<TextRef>& notes) const
+std::vector<std::size_t> Footnotes::Places(const std::vector<TextRef>& notes) const
 {
     std::vector<std::size_t> places;
     for (const TextRef& note : notes) {
@@ -38,8 +38,13 @@ std::string Footnotes::Marks(const std::vector<TextRef>& notes) const
     }
     std::ranges::sort(places);
     places.erase(std::unique(places.begin(), places.end()), places.end());
+    return places;
+}
+
+std::string Footnotes::Marks(const std::vector<TextRef>& notes) const
+{
     std::string marks;
-    for (const std::size_t place : places) {
+    for (const std::size_t place : Places(notes)) {
         if (!marks.empty()) marks += ',';
         marks += FootnoteLetter(place);
     }

@@ -27,6 +27,9 @@ public:
     /// for no notes.
     std::string Marks(const std::vector<TextRef>& notes) const;
 
+    /// The places of the notes of one label or cell, each once, ascending.
+    std::vector<std::size_t> Places(const std::vector<TextRef>& notes) const;
+
 private:
     void Take(const std::vector<TextRef>& notes);
 
