@@ -1,0 +1,52 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace refhost {
+
+/// Where a writer's bytes go: standard output, a file, or a text in memory. Bytes are gathered and
+/// go out in large pieces, or when the writer says so. What can't be written throws `WriteFailure`,
+/// with a line that names the target and the reason.
+class ByteOutput {
+public:
+    /// Standard output where `file` is empty; otherwise the file, which is made or emptied.
+    explicit ByteOutput(const std::string& file);
+
+    /// Appends to a text, which outlives this object.
+    explicit ByteOutput(std::string& text) : fText(&text) {}
+
+    /// Gives up what was not flushed: `Close` is the way to end well.
+    ~ByteOutput();
+    ByteOutput(const ByteOutput&) = delete;
+    ByteOutput& operator=(const ByteOutput&) = delete;
+
+    void Write(std::string_view bytes)
+    {
+        if (fGathered.size() + bytes.size() > kPiece) Drain(bytes.size());
+        fGathered += bytes;
+    }
+
+    void Put(char byte) { Write({&byte, 1}); }
+
+    /// Hands over what was gathered.
+    void Flush();
+
+    /// Flushes, and closes a file.
+    void Close();
+
+private:
+    static constexpr std::size_t kPiece = 1U << 16U;
+
+    /// Makes room for further bytes.
+    void Drain(std::size_t further);
+    [[noreturn]] void Fail(int reason) const;
+
+    std::string* fText = nullptr;
+    std::string fName;
+    int fDescriptor = -1;
+    bool fOwned = false;
+    std::string fGathered;
+};
+
+}  // namespace refhost

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <memory>
+
+#include "refhost/document/OutputSink.h"
+
+namespace refhost {
+
+class ByteOutput;
+
+/// The complete, stable record of what was asked of the host, for tests and other programs; see
+/// docs/output-json.md.
+std::unique_ptr<OutputSink> MakeJsonWriter(std::unique_ptr<ByteOutput> output);
+
+}  // namespace refhost

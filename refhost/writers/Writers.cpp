@@ -1,0 +1,33 @@
+#include "refhost/writers/Writers.h"
+
+#include <algorithm>
+
+#include "refhost/writers/ByteOutput.h"
+#include "refhost/writers/JsonWriter.h"
+
+namespace refhost {
+
+namespace {
+
+std::unique_ptr<OutputSink> Json(const WriterSettings& settings)
+{
+    return MakeJsonWriter(std::make_unique<ByteOutput>(settings.fFile));
+}
+
+// clang-format off
+constexpr WriterRow kWriters[] = {
+    {"json", ".json", /*fToStandardOutput=*/true, Json},
+};
+// clang-format on
+
+}  // namespace
+
+std::span<const WriterRow> Writers() { return kWriters; }
+
+const WriterRow* FindWriter(std::string_view format)
+{
+    const auto* row = std::ranges::find(kWriters, format, &WriterRow::fFormat);
+    return row != std::end(kWriters) ? row : nullptr;
+}
+
+}  // namespace refhost
