@@ -1,0 +1,39 @@
+#pragma once
+
+#include <cstdio>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace refhost {
+
+class ByteOutput;
+
+/// The outline of a report as nested lists. It stands behind the results but grows with them, so
+/// beyond a first piece it waits in a temporary file and memory stays as it is.
+class HtmlOutline {
+public:
+    /// An entry is closed by `Close`; between them stand the entries below it. `kind` is the class
+    /// of its link.
+    void Open(std::string_view kind, std::string_view id, std::string_view label,
+              bool hasEntriesBelow);
+    void Close(bool hasEntriesBelow);
+
+    bool IsEmpty() const { return fIsEmpty; }
+
+    /// Writes the entries, and is then empty.
+    void MoveTo(ByteOutput& output);
+
+private:
+    struct CloseFile {
+        void operator()(std::FILE* file) const { std::fclose(file); }
+    };
+
+    void SpillLarge();
+
+    bool fIsEmpty = true;
+    std::string fPiece;  // what is not in the file
+    std::unique_ptr<std::FILE, CloseFile> fFile;
+};
+
+}  // namespace refhost

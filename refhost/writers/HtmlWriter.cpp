@@ -1,0 +1,250 @@
+#include "refhost/writers/HtmlWriter.h"
+
+#include <algorithm>
+
+#include "refhost/vega/VegaTheme.h"
+#include "refhost/writers/ByteOutput.h"
+#include "refhost/writers/Escape.h"
+#include "refhost/writers/HtmlChart.h"
+#include "refhost/writers/HtmlOutline.h"
+#include "refhost/writers/HtmlTable.h"
+#include "refhost/writers/ReportWords.h"
+#include "refhost/writers/WebAssets.h"
+
+namespace refhost {
+
+namespace {
+
+constexpr int kDeepestHeading = 6;
+
+/// The scripts that draw, in the order in which they run.
+constexpr const WebAsset* kDrawing[] = {&web::kVega, &web::kVegaLite, &web::kVegaEmbed};
+
+/// No network at all, and no script or style but those of the page itself.
+std::string Policy()
+{
+    std::string policy = "default-src 'none'; img-src data: blob:; base-uri 'none'; ";
+    policy.append("form-action 'none'; style-src '").append(web::kStyle.fHash);
+    policy.append("'; script-src '").append(web::kReport.fHash).append("'");
+    for (const WebAsset* script : kDrawing)
+        policy.append(" '").append(script->fHash).append("'");
+    return policy;
+}
+
+bool HasEntries(const HeadingNode& heading)
+{
+    return std::ranges::any_of(heading.fChildren, [](const OutputNodePtr& child) {
+        return child && !std::holds_alternative<ErrorNode>(child->fContent);
+    });
+}
+
+class HtmlWriter final : public OutputSink {
+public:
+    explicit HtmlWriter(std::unique_ptr<ByteOutput> output) : fOutput(std::move(output)) {}
+
+    void Begin(const RunStart& start) override
+    {
+        fLanguage = start.fLanguage.empty() ? "en" : start.fLanguage;
+        fTitle = start.fTitle.empty() ? Word("results") : start.fTitle;
+        WritePageUpTo("results");
+        Hand();
+    }
+
+    void Node(OutputNodePtr node) override
+    {
+        if (!node) return;
+        Append(*node, 2);
+        Hand();
+    }
+
+    void End(const RunEnd& end) override
+    {
+        fEnd = end;
+        WritePageUpTo("");
+        Hand();
+        fOutput->Close();
+    }
+
+private:
+    std::string_view Word(std::string_view key) const { return ReportWord(fLanguage, key); }
+
+    // --- nodes ---
+
+    void Append(const OutputNode& node, int level)
+    {
+        std::visit([this, level](const auto& content) { Append(content, level); }, node.fContent);
+        if (fMarkup.size() > kLargeMarkup) Hand(/*flush=*/false);
+    }
+
+    void Append(const HeadingNode& heading, int level)
+    {
+        const std::string id = "s" + std::to_string(++fHeadings);
+        const std::string name = "h" + std::to_string(std::min(level, kDeepestHeading));
+        const std::string_view label = Shown(heading.fLabel);
+        const bool hasEntries = HasEntries(heading);
+        fOutline.Open("heading", id, label, hasEntries);
+        fMarkup.append("<section id=\"").append(id).append("\">\n<").append(name);
+        fMarkup.append("><a href=\"#").append(id).append("\">");
+        AppendMarkupText(fMarkup, label);
+        fMarkup.append("</a></").append(name).append(">\n");
+        for (const OutputNodePtr& child : heading.fChildren)
+            if (child) Append(*child, level + 1);
+        fMarkup.append("</section>\n");
+        fOutline.Close(hasEntries);
+    }
+
+    void Append(const TableNode& table, int)
+    {
+        const std::string id = "t" + std::to_string(++fTables);
+        AddEntry("table", id, Shown(table.fTitle));
+        AppendTable(fMarkup, table, id, fLanguage);
+    }
+
+    void Append(const ChartNode& chart, int)
+    {
+        const std::string id = "c" + std::to_string(++fCharts);
+        AddEntry("chart", id, chart.fTitle.empty() ? Word("untitled") : chart.fTitle);
+        AppendChart(fMarkup, chart, id, fLanguage);
+    }
+
+    void Append(const ErrorNode& error, int)
+    {
+        fMarkup.append("<p class=\"report\">");
+        AppendMarkupText(fMarkup, error.fText);
+        fMarkup.append("</p>\n");
+    }
+
+    std::string_view Shown(const TextRef& text) const
+    {
+        return text && !text->fShown.empty() ? text->fShown : Word("untitled");
+    }
+
+    void AddEntry(std::string_view kind, std::string_view id, std::string_view label)
+    {
+        fOutline.Open(kind, id, label, /*hasEntriesBelow=*/false);
+        fOutline.Close(/*hasEntriesBelow=*/false);
+    }
+
+    // --- the page around them ---
+
+    /// Writes the skeleton from where it was left up to a place, or to its end.
+    void WritePageUpTo(std::string_view stop)
+    {
+        while (!fPage.empty()) {
+            const std::size_t open = fPage.find("{{");
+            fMarkup.append(fPage.substr(0, open));
+            if (open == std::string_view::npos) fPage = {};
+            if (fPage.empty()) return;
+            const std::size_t close = fPage.find("}}", open);
+            const std::string_view place = fPage.substr(open + 2, close - open - 2);
+            fPage.remove_prefix(close + 2);
+            if (place == stop) return;
+            Fill(place);
+        }
+    }
+
+    struct PlaceRow {
+        std::string_view fName;
+        void (HtmlWriter::*fFill)();
+    };
+
+    void Fill(std::string_view place)
+    {
+        for (const PlaceRow& row : kPlaces)
+            if (row.fName == place) return (this->*row.fFill)();
+        AppendMarkupText(fMarkup, Word(place));
+    }
+
+    void FillLanguage() { AppendMarkupText(fMarkup, fLanguage); }
+    void FillTitle() { AppendMarkupText(fMarkup, fTitle); }
+    void FillPolicy() { fMarkup.append(Policy()); }
+    void FillStyle() { fMarkup.append(web::kStyle.fText); }
+    void FillScript() { fMarkup.append(web::kReport.fText); }
+
+    void FillEntries()
+    {
+        if (fOutline.IsEmpty()) return;
+        fMarkup.append("<ul>\n");
+        Hand(/*flush=*/false);
+        fOutline.MoveTo(*fOutput);
+        fMarkup.append("</ul>\n");
+    }
+
+    /// What a reader of an incomplete report has to know; the page shows it above the results.
+    void FillNotice()
+    {
+        std::string_view sentence = fEnd.fNotice;
+        if (sentence.empty() && !fEnd.fFailure.empty()) sentence = Word("incomplete");
+        if (sentence.empty() && !fEnd.fResult) sentence = Word("not-read");
+        if (sentence.empty()) return;
+        fMarkup.append("<aside class=\"notice\" aria-label=\"").append(Word("notice"));
+        fMarkup.append("\">\n<p>");
+        AppendMarkupText(fMarkup, sentence);
+        fMarkup.append("</p>\n");
+        if (!fEnd.fFailure.empty()) {
+            fMarkup.append("<p>");
+            AppendMarkupText(fMarkup, fEnd.fFailure);
+            fMarkup.append("</p>\n");
+        }
+        fMarkup.append("</aside>\n");
+    }
+
+    void FillFooter()
+    {
+        if (fCharts == 0) return;
+        fMarkup.append("<footer class=\"page-end\"><details><summary>").append(Word("licences"));
+        fMarkup.append("</summary>\n<pre>");
+        AppendMarkupText(fMarkup, web::kNotices);
+        fMarkup.append("</pre></details></footer>\n");
+    }
+
+    void FillCharts()
+    {
+        if (fCharts == 0) return;
+        fMarkup.append("<script type=\"application/json\" id=\"chart-themes\">{\"light\":");
+        AppendScriptJson(fMarkup, VegaThemeText(VegaTheme::Light));
+        fMarkup.append(",\"dark\":");
+        AppendScriptJson(fMarkup, VegaThemeText(VegaTheme::Dark));
+        fMarkup.append("}</script>\n");
+        for (const WebAsset* script : kDrawing)
+            fMarkup.append("<script>").append(script->fText).append("</script>\n");
+    }
+
+    static constexpr PlaceRow kPlaces[] = {
+        {"language", &HtmlWriter::FillLanguage}, {"title", &HtmlWriter::FillTitle},
+        {"policy", &HtmlWriter::FillPolicy},     {"style", &HtmlWriter::FillStyle},
+        {"script", &HtmlWriter::FillScript},     {"entries", &HtmlWriter::FillEntries},
+        {"notice", &HtmlWriter::FillNotice},     {"footer", &HtmlWriter::FillFooter},
+        {"charts", &HtmlWriter::FillCharts},
+    };
+
+    /// Markup is gathered for a moment and handed on, so memory doesn't grow with the report.
+    void Hand(bool flush = true)
+    {
+        fOutput->Write(fMarkup);
+        fMarkup.clear();
+        if (flush) fOutput->Flush();
+    }
+
+    static constexpr std::size_t kLargeMarkup = 1U << 16U;
+
+    std::unique_ptr<ByteOutput> fOutput;
+    std::string fMarkup;
+    std::string fLanguage;
+    std::string fTitle;
+    std::string_view fPage = web::kPage;  // what is not written yet
+    HtmlOutline fOutline;
+    RunEnd fEnd;
+    std::size_t fHeadings = 0;  // for ids, which are never made of labels
+    std::size_t fTables = 0;
+    std::size_t fCharts = 0;
+};
+
+}  // namespace
+
+std::unique_ptr<OutputSink> MakeHtmlWriter(std::unique_ptr<ByteOutput> output)
+{
+    return std::make_unique<HtmlWriter>(std::move(output));
+}
+
+}  // namespace refhost
