@@ -27,6 +27,10 @@ struct VariableSettings {
     /// The label of the host's variable that was bound; nothing where none was.
     std::optional<std::string> fHostLabel;
 
+    /// The format of that variable. Values of the host that stand as labels were shown by it;
+    /// numbers of the chart are not.
+    std::optional<HostFormat> fBoundFormat;
+
     /// The format to show numbers by, where one was taken from a variable of the host. Dates are
     /// seconds since 14 October 1582.
     std::optional<HostFormat> fHostFormat;

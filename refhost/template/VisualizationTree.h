@@ -178,7 +178,7 @@ enum class ElementKind {
     Schema,  ///< boxes: quartiles, median, whiskers, outliers of y for each x
     Edge,    ///< lines between nodes: `fFrom`, `fTo`
     Node,    ///< a node for each value of `fVariable`
-    Text     ///< the text of `fVariable` in the middle of its facet, or at x and y
+    Caption  ///< the text of `fVariable` in the middle of its facet, or at x and y
 };
 
 /// How elements of one place and several colours stand.

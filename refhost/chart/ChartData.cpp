@@ -1,0 +1,84 @@
+#include "refhost/chart/ChartData.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+// Rows are filled one after the other. A number far beyond them is no row but a mistake, and must
+// not cost the memory of all the rows before it.
+constexpr std::size_t kLargestGap = 4096;
+
+std::string_view TextOf(const char* text) { return text ? text : ""; }
+
+}  // namespace
+
+refhost::ChartSource* VarDataProcessor::Impl::Find(std::string_view source)
+{
+    const auto found = std::find_if(fSources.begin(), fSources.end(),
+                                    [&](const auto& entry) { return entry.fName == source; });
+    return found == fSources.end() ? nullptr : &*found;
+}
+
+void VarDataProcessor::Impl::AddSource(std::string_view source)
+{
+    if (!Find(source)) fSources.push_back({std::string(source), {}, 0});
+}
+
+void VarDataProcessor::Impl::AddColumn(std::string_view source, std::string_view column)
+{
+    refhost::ChartSource* const found = Find(source);
+    if (!found) return;
+    for (const auto& existing : found->fColumns) {
+        if (existing.fName == column) return;
+    }
+    found->fColumns.push_back({std::string(column), {}});
+}
+
+void VarDataProcessor::Impl::Set(std::string_view source, std::string_view column, int row,
+                                 refhost::ChartValue value)
+{
+    refhost::ChartSource* const found = Find(source);
+    if (!found || row < 0) return;
+    const auto place = static_cast<std::size_t>(row);
+    if (place > found->fRows + kLargestGap) return;
+    for (auto& entry : found->fColumns) {
+        if (entry.fName != column) continue;
+        if (entry.fValues.size() <= place) entry.fValues.resize(place + 1);
+        entry.fValues[place] = std::move(value);
+        found->fRows = std::max(found->fRows, place + 1);
+        return;
+    }
+}
+
+VarDataProcessor::VarDataProcessor() : fImpl(std::make_unique<Impl>()) {}
+
+VarDataProcessor::~VarDataProcessor() = default;
+
+void VarDataProcessor::AddDataSource(const char* source, int /*kind*/)
+{
+    fImpl->AddSource(TextOf(source));
+}
+
+void VarDataProcessor::AddVariable(const char* source, const char* variable, _varinfo* info)
+{
+    fImpl->AddColumn(TextOf(source), TextOf(variable));
+    if (info) *info = {std::string(TextOf(source)), std::string(TextOf(variable))};
+}
+
+void VarDataProcessor::SetVariableValue(const char* source, const char* variable, int row,
+                                        double value)
+{
+    fImpl->Set(TextOf(source), TextOf(variable), row, value);
+}
+
+void VarDataProcessor::SetVariableValue(const _varinfo* info, int row, double value)
+{
+    if (info) fImpl->Set(info->fSource, info->fVariable, row, value);
+}
+
+void VarDataProcessor::SetStringVariableValue(const char* source, const char* variable, int row,
+                                              const std::string& text)
+{
+    fImpl->Set(TextOf(source), TextOf(variable), row, text);
+}

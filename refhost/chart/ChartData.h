@@ -1,0 +1,25 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "refhost/document/OutputNode.h"
+
+#include "host/chart/VarDataProcessor.h"
+
+/// The sources, column by column, as the output has them.
+class VarDataProcessor::Impl {
+public:
+    void AddSource(std::string_view source);
+    void AddColumn(std::string_view source, std::string_view column);
+    void Set(std::string_view source, std::string_view column, int row, refhost::ChartValue value);
+
+    const std::vector<refhost::ChartSource>& Sources() const { return fSources; }
+
+private:
+    /// Null where there is none of that name.
+    refhost::ChartSource* Find(std::string_view source);
+
+    std::vector<refhost::ChartSource> fSources;
+};

@@ -1,0 +1,38 @@
+#include "refhost/chart/TemplateFiles.h"
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+#include "refhost/document/HostRun.h"
+
+namespace refhost {
+
+namespace {
+
+// The contract gives a document nothing but its text, so the name has to wait here.
+std::string gLastFetched;
+
+bool IsBareName(const std::string& name)
+{
+    return !name.empty() && name != "." && name != ".." &&
+           name.find_first_of(std::string("/\\:\0", 4)) == std::string::npos;
+}
+
+}  // namespace
+
+std::string FetchTemplate(const std::string& name)
+{
+    if (!IsBareName(name)) return {};
+    const auto path = std::filesystem::path(HostRun::Current().fTemplateFolder) / name;
+    std::error_code error;
+    if (!std::filesystem::is_regular_file(path, error)) return {};
+    std::ifstream file(path, std::ios::binary);
+    std::string text((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
+    if (!text.empty()) gLastFetched = name;
+    return text;
+}
+
+const std::string& LastFetchedTemplate() { return gLastFetched; }
+
+}  // namespace refhost

@@ -1,0 +1,264 @@
+#include "refhost/template/RepairTemplate.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cstdint>
+
+#include "refhost/template/TemplateGrammar.h"
+
+namespace refhost {
+
+namespace {
+
+constexpr std::string_view kNamedEntities[] = {"amp", "lt", "gt", "quot", "apos"};
+constexpr std::string_view kTextEnd = "</text>";
+constexpr std::size_t kLongestEntity = 10;  // "&#1114111;"
+
+bool IsSpace(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; }
+
+bool IsNameCharacter(char c)
+{
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_';
+}
+
+bool IsXmlCharacter(std::uint32_t code)
+{
+    if (code < 0x20) return code == '\t' || code == '\n' || code == '\r';
+    return code < 0xD800 || (code > 0xDFFF && code < 0xFFFE) || (code > 0xFFFF && code <= 0x10FFFF);
+}
+
+bool IsEntity(std::string_view name)
+{
+    if (std::find(std::begin(kNamedEntities), std::end(kNamedEntities), name) !=
+        std::end(kNamedEntities)) {
+        return true;
+    }
+    if (name.size() < 2 || name[0] != '#') return false;
+    const bool hexadecimal = name[1] == 'x';
+    const char* const begin = name.data() + (hexadecimal ? 2 : 1);
+    const char* const end = name.data() + name.size();
+    std::uint32_t code = 0;
+    const auto [stop, error] = std::from_chars(begin, end, code, hexadecimal ? 16 : 10);
+    return error == std::errc() && stop == end && begin != end && IsXmlCharacter(code);
+}
+
+/// Length of the entity at the start of `text`, which begins with "&"; 0 when it is none.
+std::size_t EntityLength(std::string_view text)
+{
+    const auto end = text.substr(0, kLongestEntity).find(';');
+    if (end == std::string_view::npos || !IsEntity(text.substr(1, end - 1))) return 0;
+    return end + 1;
+}
+
+/// Appends character data so that a parser gives back the very same.
+void AppendEscaped(std::string& out, std::string_view label)
+{
+    for (std::size_t at = 0; at < label.size(); ++at) {
+        switch (const char c = label[at]) {
+            case '<':
+                out += "&lt;";
+                break;
+            case '>':
+                out += "&gt;";
+                break;
+            case '"':
+                out += "&quot;";
+                break;
+            case '\n':
+                out += "&#10;";
+                break;
+            case '\r':
+                out += "&#13;";
+                break;
+            case '\t':
+                out += "&#9;";
+                break;
+            case '\0':
+                out += "\xEF\xBF\xBD";
+                break;
+            case '&': {
+                const std::size_t length = EntityLength(label.substr(at));
+                out += length == 0 ? "&amp;" : label.substr(at, length);
+                at += length == 0 ? 0 : length - 1;
+                break;
+            }
+            default:
+                out += c;
+        }
+    }
+}
+
+class Repair {
+public:
+    explicit Repair(std::string_view text) : fText(text) { fOut.reserve(text.size() + 64); }
+
+    std::optional<std::string> Run()
+    {
+        while (fAt < fText.size()) {
+            if (Skip("<!--", "-->") || Skip("<?", "?>")) continue;
+            const Tag tag = TagAt(fAt);
+            if (!tag.fElement) {
+                ++fAt;
+            } else if (!(tag.fCloses ? CloseTag(tag) : OpenTag(tag))) {
+                return std::nullopt;
+            }
+        }
+        return std::move(fOut);
+    }
+
+private:
+    struct Tag {
+        const GrammarRow* fElement = nullptr;
+        bool fCloses = false;
+        std::size_t fNameEnd = 0;
+    };
+
+    bool Has(std::size_t at, std::string_view word) const
+    {
+        return fText.substr(std::min(at, fText.size()), word.size()) == word;
+    }
+
+    std::size_t BehindSpace(std::size_t at) const
+    {
+        while (at < fText.size() && IsSpace(fText[at]))
+            ++at;
+        return at;
+    }
+
+    std::size_t NameEnd(std::size_t at) const
+    {
+        while (at < fText.size() && IsNameCharacter(fText[at]))
+            ++at;
+        return at;
+    }
+
+    /// The start of a tag of the language, if there is one at this place.
+    Tag TagAt(std::size_t at) const
+    {
+        if (!Has(at, "<")) return {};
+        const bool closes = Has(at, "</");
+        const std::size_t begin = at + (closes ? 2 : 1);
+        const std::size_t end = NameEnd(begin);
+        if (end == fText.size()) return {};
+        const char behind = fText[end];
+        if (!IsSpace(behind) && behind != '/' && behind != '>') return {};
+        return {FindElement(fText.substr(begin, end - begin)), closes, end};
+    }
+
+    bool Skip(std::string_view opening, std::string_view closing)
+    {
+        if (!Has(fAt, opening)) return false;
+        const auto end = fText.find(closing, fAt + opening.size());
+        fAt = end == std::string_view::npos ? fText.size() : end + closing.size();
+        return true;
+    }
+
+    bool CloseTag(const Tag& tag)
+    {
+        fAt = BehindSpace(tag.fNameEnd);
+        if (!Has(fAt, ">")) return false;
+        ++fAt;
+        fOut.append("</").append(tag.fElement->fElement).append(">");
+        return true;
+    }
+
+    bool OpenTag(const Tag& tag)
+    {
+        fOut.append("<").append(tag.fElement->fElement);
+        fAt = BehindSpace(tag.fNameEnd);
+        while (fAt < fText.size()) {
+            if (Has(fAt, "/>")) {
+                fAt += 2;
+                fOut.append("/>");
+                return true;
+            }
+            if (Has(fAt, ">")) {
+                ++fAt;
+                fOut.append(">");
+                if (tag.fElement->fElement == kTextElement) CopyText();
+                return true;
+            }
+            if (!CopyAttribute(*tag.fElement)) return false;
+            fAt = BehindSpace(fAt);
+        }
+        return false;
+    }
+
+    /// An attribute, also one that the element does not know.
+    bool CopyAttribute(const GrammarRow& element)
+    {
+        const std::size_t nameEnd = NameEnd(fAt);
+        if (nameEnd == fAt || !Has(nameEnd, "=\"")) return false;
+        const std::string_view name = fText.substr(fAt, nameEnd - fAt);
+        const std::size_t begin = nameEnd + 2;
+        const std::size_t end = AttributeEnd(begin, element);
+        if (end == std::string_view::npos) return false;
+        fOut.append(" ").append(name).append("=\"");
+        AppendEscaped(fOut, fText.substr(begin, end - begin));
+        fOut.append("\"");
+        fAt = end + 1;
+        return true;
+    }
+
+    std::size_t AttributeEnd(std::size_t begin, const GrammarRow& element) const
+    {
+        auto quote = fText.find('"', begin);
+        while (quote != std::string_view::npos && !ClosesAttribute(quote + 1, element)) {
+            quote = fText.find('"', quote + 1);
+        }
+        return quote;
+    }
+
+    bool ClosesAttribute(std::size_t behind, const GrammarRow& element) const
+    {
+        const std::size_t next = BehindSpace(behind);
+        if (Has(next, "/>")) return IsBetweenTags(next + 2);
+        if (Has(next, ">")) return element.fElement == kTextElement || IsBetweenTags(next + 1);
+        if (next == behind) return false;
+        const std::size_t nameEnd = NameEnd(next);
+        return Has(nameEnd, "=\"") && HasAttribute(element, fText.substr(next, nameEnd - next));
+    }
+
+    /// Whether nothing but space stands before the next tag.
+    bool IsBetweenTags(std::size_t at) const
+    {
+        at = BehindSpace(at);
+        return at == fText.size() || TagAt(at).fElement || Has(at, "<!--");
+    }
+
+    void CopyText()
+    {
+        const std::size_t end = TextEnd();
+        AppendEscaped(fOut, fText.substr(fAt, end - fAt));
+        fAt = end;
+    }
+
+    std::size_t TextEnd()
+    {
+        const auto first = fText.find(kTextEnd, fAt);
+        if (first == std::string_view::npos) return fText.size();
+        // Where no text behind this one ends properly, there is no need to look again.
+        if (fNoMoreProperEnds) return first;
+        for (auto end = first; end != std::string_view::npos; end = fText.find(kTextEnd, end + 1)) {
+            const Tag next = TagAt(BehindSpace(end + kTextEnd.size()));
+            if (!next.fElement) continue;
+            if (next.fCloses ? next.fElement->fElement == "label"
+                             : next.fElement->fElement == kTextElement) {
+                return end;
+            }
+        }
+        fNoMoreProperEnds = true;
+        return first;
+    }
+
+    std::string_view fText;
+    std::size_t fAt = 0;
+    std::string fOut;
+    bool fNoMoreProperEnds = false;
+};
+
+}  // namespace
+
+std::optional<std::string> RepairTemplate(std::string_view text) { return Repair(text).Run(); }
+
+}  // namespace refhost
