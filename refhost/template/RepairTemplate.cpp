@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cstdint>
+#include <vector>
 
 #include "refhost/template/TemplateGrammar.h"
 
@@ -165,6 +166,7 @@ private:
     bool OpenTag(const Tag& tag)
     {
         fOut.append("<").append(tag.fElement->fElement);
+        fGiven.clear();
         fAt = BehindSpace(tag.fNameEnd);
         while (fAt < fText.size()) {
             if (Has(fAt, "/>")) {
@@ -190,6 +192,7 @@ private:
         const std::size_t nameEnd = NameEnd(fAt);
         if (nameEnd == fAt || !Has(nameEnd, "=\"")) return false;
         const std::string_view name = fText.substr(fAt, nameEnd - fAt);
+        fGiven.push_back(name);
         const std::size_t begin = nameEnd + 2;
         const std::size_t end = AttributeEnd(begin, element);
         if (end == std::string_view::npos) return false;
@@ -216,7 +219,9 @@ private:
         if (Has(next, ">")) return element.fElement == kTextElement || IsBetweenTags(next + 1);
         if (next == behind) return false;
         const std::size_t nameEnd = NameEnd(next);
-        return Has(nameEnd, "=\"") && HasAttribute(element, fText.substr(next, nameEnd - next));
+        const std::string_view name = fText.substr(next, nameEnd - next);
+        return Has(nameEnd, "=\"") && HasAttribute(element, name) &&
+               std::find(fGiven.begin(), fGiven.end(), name) == fGiven.end();
     }
 
     /// Whether nothing but space stands before the next tag.
@@ -254,6 +259,7 @@ private:
     std::string_view fText;
     std::size_t fAt = 0;
     std::string fOut;
+    std::vector<std::string_view> fGiven;  // attributes of the tag, up to here
     bool fNoMoreProperEnds = false;
 };
 

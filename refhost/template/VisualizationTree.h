@@ -255,8 +255,8 @@ struct Facet {
 };
 
 /// Neighbouring facets share a border. Where they alternate, the axis across the border runs
-/// backwards on one side of it, and the axis `fSide` stands at both outer edges (the near axis at
-/// the first facet, the far axis at the last).
+/// backwards on one side of it, and the axis `fSide` stands at both outer edges of the facets: the
+/// near axis at the left or lower one, the far axis at the right or upper one.
 struct FacetLayout {
     bool fAlternating = false;
     Dimension fSide = Dimension::X;
