@@ -163,7 +163,8 @@ struct ResolvedChart {
     double fHeight = 0.0;
     std::vector<ResolvedPlot> fPlots;  ///< row by row
     int fColumns = 1;
-    double fSpacing = 20.0;    ///< pixels between plots
+    double fRowSpacing = 20.0;  ///< pixels between the areas of plots
+    double fColumnSpacing = 20.0;
     std::string fColumnTitle;  ///< of the field whose categories stand above the plots
     std::string fRowTitle;     ///< of the field whose categories stand beside the plots
     std::vector<ResolvedLegend> fLegends;

@@ -4,40 +4,29 @@
 #include <string_view>
 
 #include "refhost/vega/JsonStream.h"
+#include "refhost/vega/VegaColors.h"
 #include "refhost/vega/VegaPatterns.h"
 #include "refhost/vega/VegaScales.h"
 
 namespace refhost {
 namespace {
 
-/// A colour for a legend's symbol, whose scale can't take a style of the theme; those that follow
-/// the theme become one that shows on any ground.
-std::string_view SymbolColor(const PaintedColor& color, std::string_view none)
+void WriteFill(JsonStream& json, const LegendEntry& entry) { WriteColor(json, entry.fStyle.fFill); }
+
+void WriteStroke(JsonStream& json, const LegendEntry& entry)
 {
-    constexpr std::string_view kOnAnyGround = "#6B7C93";
-    if (color.fPaint == Paint::Fixed) return color.fColor;
-    return color.fPaint == Paint::None ? none : kOnAnyGround;
+    const bool isOutlined = entry.fStyle.fStroke.fPaint != Paint::None;
+    WriteColor(json, isOutlined ? entry.fStyle.fStroke : entry.fStyle.fFill);
 }
 
-std::string_view SymbolFill(const LegendEntry& entry)
+void WriteShape(JsonStream& json, const LegendEntry& entry)
 {
-    return SymbolColor(entry.fStyle.fFill, "transparent");
-}
-
-std::string_view SymbolStroke(const LegendEntry& entry)
-{
-    return SymbolColor(entry.fStyle.fStroke, SymbolFill(entry));
-}
-
-std::string_view SymbolShape(const LegendEntry& entry)
-{
-    return PatternSymbol(entry.fStyle.fPattern);
+    json.Value(PatternSymbol(entry.fStyle.fPattern));
 }
 
 /// One channel of the symbols. The channels share title and keys, so they make one legend.
-template <typename Look>
 void WriteChannel(JsonStream& json, const char* channel, const ResolvedLegend& legend,
-                  const LabelParameters& labels, Look look)
+                  const LabelParameters& labels, void (*writeLook)(JsonStream&, const LegendEntry&))
 {
     json.Key(channel);
     json.BeginObject();
@@ -56,7 +45,7 @@ void WriteChannel(JsonStream& json, const char* channel, const ResolvedLegend& l
     json.Key("range");
     json.BeginArray();
     for (const LegendEntry& entry : legend.fEntries) {
-        json.Value(look(entry));
+        writeLook(json, entry);
     }
     json.EndArray();
     json.EndObject();
@@ -91,12 +80,13 @@ void WriteLegends(JsonStream& json, const std::vector<ResolvedLegend>& legends,
         json.BeginObject();
         json.Member("type", "point");
         json.Member("filled", true);
+        json.Member("opacity", 1);
         json.EndObject();
         json.Key("encoding");
         json.BeginObject();
-        WriteChannel(json, "fill", legend, labels, SymbolFill);
-        WriteChannel(json, "stroke", legend, labels, SymbolStroke);
-        WriteChannel(json, "shape", legend, labels, SymbolShape);
+        WriteChannel(json, "fill", legend, labels, WriteFill);
+        WriteChannel(json, "stroke", legend, labels, WriteStroke);
+        WriteChannel(json, "shape", legend, labels, WriteShape);
         json.EndObject();
         json.EndObject();
     }

@@ -65,7 +65,7 @@ void WriteFieldTitle(JsonStream& json, const std::string& title, const char* sid
     json.Lines(title);
     json.Member("orient", side);
     json.Member("anchor", "middle");
-    json.Member("frame", "group");
+    json.Member("frame", "bounds");
     json.Member("fontSize", 12);
     json.Member("fontWeight", 500);
     json.Member("offset", 8);
@@ -103,7 +103,10 @@ void WritePlot(JsonStream& json, const ResolvedChart& chart, const ResolvedPlot&
     if (plot.fFramed) {
         json.Key("view");
         json.BeginObject();
-        json.Member("style", "framed");
+        json.Key("stroke");
+        json.BeginObject();
+        json.Member("expr", kFrameName);
+        json.EndObject();
         json.EndObject();
     }
     json.Key("encoding");
@@ -127,7 +130,12 @@ void WritePlots(JsonStream& json, const ResolvedChart& chart, const LabelParamet
         return WritePlot(json, chart, chart.fPlots.front(), labels);
     }
     json.Member("columns", chart.fColumns);
-    json.Member("spacing", chart.fSpacing);
+    json.Key("spacing");
+    json.BeginObject();
+    json.Member("row", chart.fRowSpacing);
+    json.Member("column", chart.fColumnSpacing);
+    json.EndObject();
+    json.Member("bounds", "flush");
     json.Key("concat");
     json.BeginArray();
     for (const ResolvedPlot& plot : chart.fPlots) {

@@ -2,11 +2,10 @@
 
 #include <cmath>
 #include <string_view>
-#include <vector>
 
 #include "refhost/vega/JsonStream.h"
+#include "refhost/vega/VegaColors.h"
 #include "refhost/vega/VegaPatterns.h"
-#include "refhost/vega/VegaTheme.h"
 
 namespace refhost {
 namespace {
@@ -93,18 +92,10 @@ void WriteRows(JsonStream& json, const MarkLayer& layer, const ResolvedMark* onl
     json.EndObject();
 }
 
-/// A colour as a style of the theme where the theme has one, else as it is.
-void WriteColor(JsonStream& json, std::vector<std::string_view>& styles, const char* channel,
-                const PaintedColor& color)
+void WriteColorMember(JsonStream& json, const char* channel, const PaintedColor& color)
 {
-    if (color.fPaint == Paint::None) {
-        json.Key(channel);
-        json.Null();
-    } else if (const auto style = ThemeStyle(channel, color); !style.empty()) {
-        styles.push_back(style);
-    } else {
-        json.Member(channel, std::string_view(color.fColor));
-    }
+    json.Key(channel);
+    WriteColor(json, color);
 }
 
 void WriteTextStyle(JsonStream& json, const MarkStyle& style)
@@ -137,17 +128,16 @@ void WriteRectStyle(JsonStream& json, const MarkStyle& style)
 void WriteMark(JsonStream& json, const MarkLayer& layer)
 {
     const MarkStyle& style = layer.fStyle;
-    std::vector<std::string_view> styles;
     json.Key("mark");
     json.BeginObject();
     json.Member("type", MarkName(layer.fKind));
     if (layer.fKind == MarkKind::Line || layer.fKind == MarkKind::Rule) {
-        WriteColor(json, styles, "stroke", style.fStroke);
+        WriteColorMember(json, "stroke", style.fStroke);
         json.Member("strokeWidth", style.fStrokeWidth);
     } else {
-        WriteColor(json, styles, "fill", style.fFill);
+        WriteColorMember(json, "fill", style.fFill);
         if (style.fStroke.fPaint != Paint::None) {
-            WriteColor(json, styles, "stroke", style.fStroke);
+            WriteColorMember(json, "stroke", style.fStroke);
             json.Member("strokeWidth", style.fStrokeWidth);
         }
     }
@@ -165,14 +155,6 @@ void WriteMark(JsonStream& json, const MarkLayer& layer)
     if (layer.fKind == MarkKind::Text) WriteTextStyle(json, style);
     if (layer.fKind == MarkKind::Line || layer.fKind == MarkKind::Area) json.Member("clip", true);
     if (layer.fHelper) json.Member("aria", false);
-    if (!styles.empty()) {
-        json.Key("style");
-        json.BeginArray();
-        for (const std::string_view name : styles) {
-            json.Value(name);
-        }
-        json.EndArray();
-    }
     json.EndObject();
 }
 
@@ -306,10 +288,7 @@ void WriteSideHeader(JsonStream& json, const ResolvedPlot& plot, double right)
     json.Member("fontSize", 12);
     json.Member("fontWeight", 600);
     json.Member("limit", plot.fHeight);
-    json.Key("style");
-    json.BeginArray();
-    json.Value(ThemeStyle("fill", {Paint::Ink, {}}));
-    json.EndArray();
+    WriteColorMember(json, "fill", {Paint::Ink, {}});
     json.EndObject();
     json.Key("encoding");
     json.BeginObject();

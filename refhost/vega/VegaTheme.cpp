@@ -11,24 +11,29 @@ namespace {
 struct ThemedColor {
     Paint fPaint;
     std::string_view fFixed;  ///< for fixed colours, which one
-    std::string_view fFillStyle;
-    std::string_view fStrokeStyle;
+    std::string_view fName;
     std::string_view fLight;
     std::string_view fDark;
 };
 
 // clang-format off
 constexpr ThemedColor kThemedColors[] = {
-    {Paint::Ink,     "",        "fill-ink",     "stroke-ink",     "#1F2937", "#E5E7EB"},
-    {Paint::Outline, "",        "fill-outline", "stroke-outline", "#4B5563", "#CBD5E1"},
-    {Paint::Quiet,   "",        "fill-quiet",   "stroke-quiet",   "#4B5563", "#9CA3AF"},
-    {Paint::Ground,  "",        "fill-ground",  "stroke-ground",  "#FFFFFF", "#111827"},
-    {Paint::Fixed,   "#B4500B", "fill-accent",  "stroke-accent",  "#B4500B", "#F59E5B"},
-    {Paint::Fixed,   "#1B7A3D", "fill-green",   "stroke-green",   "#1B7A3D", "#4ADE80"},
-    {Paint::Fixed,   "#1D4ED8", "fill-blue",    "stroke-blue",    "#1D4ED8", "#93B4FF"},
-    {Paint::Fixed,   "#C2570C", "fill-strong",  "stroke-strong",  "#C2570C", "#F59E5B"},
-    {Paint::Fixed,   "#2F6DB5", "fill-first",   "stroke-first",   "#2F6DB5", "#5B9BE6"},
-    {Paint::Fixed,   "#E6EEF7", "fill-pale",    "stroke-pale",    "#E6EEF7", "#22354D"},
+    {Paint::Ink,     "",        "paint_ink",      "#1F2937", "#E5E7EB"},
+    {Paint::Outline, "",        "paint_outline",  "#4B5563", "#CBD5E1"},
+    {Paint::Quiet,   "",        "paint_quiet",    "#4B5563", "#9CA3AF"},
+    {Paint::Ground,  "",        "paint_ground",   "#FFFFFF", "#111827"},
+    {Paint::Fixed,   "#2F6DB5", "paint_first",    "#2F6DB5", "#5B9BE6"},
+    {Paint::Fixed,   "#584028", "paint_third",    "#584028", "#B89A78"},
+    {Paint::Fixed,   "#7A1FD6", "paint_fifth",    "#7A1FD6", "#B07BEA"},
+    {Paint::Fixed,   "#881058", "paint_sixth",    "#881058", "#D6609F"},
+    {Paint::Fixed,   "#B4500B", "paint_accent",   "#B4500B", "#F59E5B"},
+    {Paint::Fixed,   "#C2570C", "paint_strong",   "#C2570C", "#F59E5B"},
+    {Paint::Fixed,   "#1B7A3D", "paint_green",    "#1B7A3D", "#4ADE80"},
+    {Paint::Fixed,   "#1D4ED8", "paint_blue",     "#1D4ED8", "#93B4FF"},
+    {Paint::Fixed,   "#E6EEF7", "paint_pale",     "#E6EEF7", "#22354D"},
+    {Paint::Fixed,   "#A9C3E3", "paint_box",      "#A9C3E3", "#3E5F8A"},
+    {Paint::Fixed,   "#F3C08A", "paint_box_two",  "#F3C08A", "#8F5D22"},
+    {Paint::Fixed,   "#9DB8D9", "paint_bars",     "#9DB8D9", "#4A6E9C"},
 };
 // clang-format on
 
@@ -107,23 +112,21 @@ void WriteLegend(JsonStream& json, const GroundColors& ground)
     json.EndObject();
 }
 
-void WriteStyles(JsonStream& json, const GroundColors& ground)
+void WriteColors(JsonStream& json, const GroundColors& ground)
 {
-    const auto style = [&json](std::string_view name, std::string_view channel,
-                               std::string_view color) {
-        json.Key(name);
-        json.BeginObject();
-        json.Member(channel, color);
-        json.EndObject();
-    };
-    json.Key("style");
-    json.BeginObject();
+    json.Key("params");
+    json.BeginArray();
     for (const ThemedColor& color : kThemedColors) {
-        style(color.fFillStyle, "fill", ground.fDark ? color.fDark : color.fLight);
-        style(color.fStrokeStyle, "stroke", ground.fDark ? color.fDark : color.fLight);
+        json.BeginObject();
+        json.Member("name", color.fName);
+        json.Member("value", ground.fDark ? color.fDark : color.fLight);
+        json.EndObject();
     }
-    style("framed", "stroke", ground.fFrame);
+    json.BeginObject();
+    json.Member("name", kFrameName);
+    json.Member("value", ground.fFrame);
     json.EndObject();
+    json.EndArray();
 }
 
 std::string Theme(const GroundColors& ground)
@@ -146,7 +149,7 @@ std::string Theme(const GroundColors& ground)
     json.BeginObject();
     json.Member("fontSize", 11);
     json.EndObject();
-    WriteStyles(json, ground);
+    WriteColors(json, ground);
     json.EndObject();
     return json.Text();
 }
@@ -160,12 +163,11 @@ std::string_view VegaThemeText(VegaTheme theme)
     return theme == VegaTheme::Light ? light : dark;
 }
 
-std::string_view ThemeStyle(std::string_view channel, const PaintedColor& color)
+std::string_view ThemedName(const PaintedColor& color)
 {
     for (const ThemedColor& themed : kThemedColors) {
         if (themed.fPaint != color.fPaint) continue;
-        if (themed.fPaint == Paint::Fixed && themed.fFixed != color.fColor) continue;
-        return channel == "fill" ? themed.fFillStyle : themed.fStrokeStyle;
+        if (themed.fPaint != Paint::Fixed || themed.fFixed == color.fColor) return themed.fName;
     }
     return {};
 }

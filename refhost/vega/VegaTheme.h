@@ -12,8 +12,11 @@ enum class VegaTheme { Light, Dark };
 /// One JSON object; its "background" is the ground that the colours are made for.
 std::string_view VegaThemeText(VegaTheme theme);
 
-/// The theme's style for a colour of that channel ("fill", "stroke"); empty where the theme leaves
-/// the colour as it is.
-std::string_view ThemeStyle(std::string_view channel, const PaintedColor& color);
+/// What the theme calls the colour of a frame around a plot.
+inline constexpr std::string_view kFrameName = "paint_frame";
+
+/// The theme's name for a colour that is not the same on every ground, to be used as an expression;
+/// empty for a colour that stands as it is.
+std::string_view ThemedName(const PaintedColor& color);
 
 }  // namespace refhost

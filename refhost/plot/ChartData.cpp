@@ -1,0 +1,243 @@
+#include "refhost/plot/ChartData.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "refhost/data/Calendar.h"
+#include "refhost/data/DateFormats.h"
+#include "refhost/data/MissingValue.h"
+#include "refhost/data/NumberText.h"
+
+namespace refhost {
+namespace {
+
+constexpr double kMillisecondsPerSecond = 1000.0;
+constexpr int kExactDigits = 16;
+constexpr int kPlainDigits = 6;  // of numbers that no format is known of
+constexpr double kLongNumber = 1e15;
+const ChartValue kAbsent;
+
+double ToMilliseconds(double hostSeconds)
+{
+    return (hostSeconds - kSecondsTo1970) * kMillisecondsPerSecond;
+}
+
+double ToHostSeconds(double milliseconds)
+{
+    return milliseconds / kMillisecondsPerSecond + kSecondsTo1970;
+}
+
+std::string Grouped(std::string fixed)
+{
+    std::size_t end = std::min(fixed.find('.'), fixed.size());
+    const std::size_t first = !fixed.empty() && fixed.front() == '-' ? 1 : 0;
+    while (end > first + 3) {
+        end -= 3;
+        fixed.insert(end, ",");
+    }
+    return fixed;
+}
+
+const ChartSource* FindSource(const ChartNode& node, std::string_view name)
+{
+    const auto found =
+        std::find_if(node.fSources.begin(), node.fSources.end(),
+                     [name](const ChartSource& source) { return source.fName == name; });
+    return found == node.fSources.end() ? nullptr : &*found;
+}
+
+const ChartSource::Column* FindColumn(const ChartSource* source, std::string_view name)
+{
+    if (!source) return nullptr;
+    const auto found =
+        std::find_if(source->fColumns.begin(), source->fColumns.end(),
+                     [name](const ChartSource::Column& column) { return column.fName == name; });
+    return found == source->fColumns.end() ? nullptr : &*found;
+}
+
+}  // namespace
+
+std::string ExactText(double number) { return ShortText(number, kExactDigits); }
+
+std::string ReadableNumber(double number, int decimals)
+{
+    if (std::fabs(number) >= kLongNumber) return ShortText(number, kPlainDigits);
+    return FixedText(number, decimals);
+}
+
+const ChartValue& DataVariable::Value(std::size_t row) const
+{
+    return row < Rows() ? fColumn->fValues[row] : kAbsent;
+}
+
+bool DataVariable::IsAbsent(std::size_t row) const
+{
+    const ChartValue& value = Value(row);
+    if (fDerived && !fDerived->fCases.empty()) return Key(row).empty();
+    if (const auto* number = std::get_if<double>(&value)) return IsUntold(*number);
+    return std::holds_alternative<std::monostate>(value);
+}
+
+std::optional<double> DataVariable::Number(std::size_t row) const
+{
+    const auto* number = std::get_if<double>(&Value(row));
+    if (!number || IsUntold(*number)) return std::nullopt;
+    return fIsDate ? ToMilliseconds(*number) : *number;
+}
+
+std::string DataVariable::Key(std::size_t row) const
+{
+    const ChartValue& value = Value(row);
+    const auto* number = std::get_if<double>(&value);
+    if (fDerived && !fDerived->fCases.empty()) {
+        if (!number || IsUntold(*number)) return {};
+        for (const tree::DerivedCase& test : fDerived->fCases) {
+            if (test.fAbove && !(*number > *test.fAbove)) continue;
+            if (test.fBelow && !(*number < *test.fBelow)) continue;
+            return test.fValue;
+        }
+        return {};
+    }
+    if (number) return IsUntold(*number) ? std::string() : ExactText(*number);
+    const auto* text = std::get_if<std::string>(&value);
+    return text ? *text : std::string();
+}
+
+const std::string* DataVariable::Relabel(std::string_view key) const
+{
+    if (const auto found = fDerivedLabels.find(key); found != fDerivedLabels.end()) {
+        return &found->second;
+    }
+    for (const VariableSettings* settings : {fSettings, fFormatSettings}) {
+        if (!settings) continue;
+        const auto found = settings->fRelabels.find(key);
+        if (found != settings->fRelabels.end()) return &found->second;
+    }
+    return nullptr;
+}
+
+std::string DataVariable::KeyText(const std::string& key) const
+{
+    const std::string* relabel = Relabel(key);
+    return relabel ? *relabel : key;
+}
+
+std::string DataVariable::FormattedNumber(double raw) const
+{
+    if (fFormatSettings && fFormatSettings->fNumberFormat) {
+        const ChartNumberFormat& format = *fFormatSettings->fNumberFormat;
+        const std::string fixed = ReadableNumber(raw, std::clamp(format.fDecimals, 0, 16));
+        return format.fPrefix + (format.fGrouping ? Grouped(fixed) : fixed) + format.fSuffix;
+    }
+    if (fFormatSettings && fFormatSettings->fHostFormat) {
+        const HostFormat& format = *fFormatSettings->fHostFormat;
+        const DateFormatRow* date = FindDateFormat(format.fType);
+        std::optional<std::string> text;
+        if (date && date->fLayout == DateLayout::Date) text = DateText(raw);
+        if (date && date->fLayout == DateLayout::DateTime) text = DateTimeText(raw, ' ', 0);
+        if (date && date->fLayout == DateLayout::Duration) text = DurationText(raw, 0);
+        if (text) return *text;
+        return ReadableNumber(raw, std::clamp(format.fDecimals, 0, 16));
+    }
+    if (fDeclared && fDeclared->fDecimals >= 0) {
+        return ReadableNumber(raw, std::min(fDeclared->fDecimals, 16));
+    }
+    return ShortText(raw, kPlainDigits);
+}
+
+std::string DataVariable::Text(std::size_t row) const
+{
+    const std::string key = Key(row);
+    if (const std::string* relabel = Relabel(key)) return *relabel;
+    const auto* number = std::get_if<double>(&Value(row));
+    if (IsAbsent(row)) return {};
+    const std::string prefix = fSettings ? fSettings->fPrefix : std::string();
+    if (number && !(fDerived && !fDerived->fCases.empty())) {
+        return prefix + FormattedNumber(*number);
+    }
+    return prefix + key;
+}
+
+std::string DataVariable::NumberText(double number) const
+{
+    return FormattedNumber(fIsDate ? ToHostSeconds(number) : number);
+}
+
+std::string DataVariable::Title() const
+{
+    if (fSettings && fSettings->fLabel) return *fSettings->fLabel;
+    if (fSettings && fSettings->fHostLabel) return *fSettings->fHostLabel;
+    return fDeclared && !fDerived ? fDeclared->fLabel : std::string();
+}
+
+bool DataVariable::IsSetCategorical() const
+{
+    if (fDerived) return true;
+    if (fSettings && fSettings->fCategorical) return *fSettings->fCategorical;
+    return fDeclared && fDeclared->fCategorical;
+}
+
+void ChartData::Describe(DataVariable& variable)
+{
+    if (variable.fColumn) {
+        variable.fHoldsText = std::any_of(
+            variable.fColumn->fValues.begin(), variable.fColumn->fValues.end(),
+            [](const ChartValue& value) { return std::holds_alternative<std::string>(value); });
+    }
+    const VariableSettings* settings = variable.fFormatSettings;
+    if (!settings || !settings->fHostFormat || settings->fNumberFormat) return;
+    const DateFormatRow* date = FindDateFormat(settings->fHostFormat->fType);
+    if (!date) return;
+    variable.fIsDuration = date->fLayout == DateLayout::Duration;
+    variable.fIsDate = date->fLayout == DateLayout::Date || date->fLayout == DateLayout::DateTime;
+}
+
+void ChartData::AddDeclared(const ChartNode& node, const ChartDrawing& drawing,
+                            const tree::SourceVariable& declared)
+{
+    DataVariable variable;
+    variable.fId = declared.fId;
+    variable.fDeclared = &declared;
+    variable.fSource = FindSource(node, declared.fSource);
+    variable.fColumn = FindColumn(variable.fSource, declared.fColumn);
+    variable.fSettings = drawing.FindSettings(declared.fId);
+    variable.fFormatSettings = declared.fLabelsFrom.empty()
+                                   ? variable.fSettings
+                                   : drawing.FindSettings(declared.fLabelsFrom);
+    Describe(variable);
+    fVariables.insert_or_assign(declared.fId, std::move(variable));
+}
+
+void ChartData::AddDerived(const ChartDrawing& drawing, const tree::DerivedVariable& derived)
+{
+    const DataVariable* base = Find(derived.fValue);
+    DataVariable variable = base ? *base : DataVariable();
+    variable.fId = derived.fId;
+    variable.fDerived = &derived;
+    variable.fSettings = drawing.FindSettings(derived.fId);
+    if (!derived.fCases.empty()) variable.fFormatSettings = variable.fSettings;
+    for (const tree::Format& format : derived.fFormats) {
+        for (const tree::Relabel& relabel : format.fRelabels) {
+            variable.fDerivedLabels.insert_or_assign(relabel.fFrom, relabel.fTo);
+        }
+    }
+    fVariables.insert_or_assign(derived.fId, std::move(variable));
+}
+
+ChartData::ChartData(const ChartNode& node, const ChartDrawing& drawing)
+{
+    for (const tree::SourceVariable& declared : drawing.fTree.fSourceVariables) {
+        AddDeclared(node, drawing, declared);
+    }
+    for (const tree::DerivedVariable& derived : drawing.fTree.fDerivedVariables) {
+        AddDerived(drawing, derived);
+    }
+}
+
+const DataVariable* ChartData::Find(std::string_view id) const
+{
+    const auto found = fVariables.find(id);
+    return id.empty() || found == fVariables.end() ? nullptr : &found->second;
+}
+
+}  // namespace refhost

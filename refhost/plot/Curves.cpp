@@ -1,0 +1,134 @@
+#include "refhost/plot/Curves.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+#include "refhost/data/Calendar.h"
+
+namespace refhost {
+namespace {
+
+constexpr int kSteps = 100;
+constexpr double kMostWholeNumbers = 400.0;
+constexpr double kMillisecondsPerSecond = 1000.0;
+
+std::optional<double> InUnitOfAxis(const std::optional<tree::Parameter>& parameter, bool onTimeAxis)
+{
+    if (!parameter) return std::nullopt;
+    double value = parameter->fValue;
+    switch (parameter->fKind) {
+        case tree::ParameterKind::Number:
+            break;
+        case tree::ParameterKind::Date:
+            if (onTimeAxis) value = (value - kSecondsTo1970) * kMillisecondsPerSecond;
+            break;
+        case tree::ParameterKind::Duration:
+            if (onTimeAxis) value *= kMillisecondsPerSecond;
+            break;
+    }
+    return std::isfinite(value) ? std::optional(value) : std::nullopt;
+}
+
+bool IsDrawable(const CurveShape& shape)
+{
+    switch (shape.fKind) {
+        case tree::Distribution::Normal:
+            return shape.fSecondary > 0.0;
+        case tree::Distribution::Uniform:
+            return shape.fSecondary > shape.fParameter;
+        case tree::Distribution::Poisson:
+        case tree::Distribution::Exponential:
+            return shape.fParameter > 0.0;
+    }
+    return false;
+}
+
+double PoissonProbability(double mean, double count)
+{
+    if (count < 0.0) return 0.0;
+    return std::exp(count * std::log(mean) - mean - std::lgamma(count + 1.0));
+}
+
+std::vector<CurvePoint> PoissonPoints(const CurveShape& shape, double low, double high,
+                                      double scale, const std::optional<Bins>& bins)
+{
+    std::vector<CurvePoint> points;
+    if (bins && bins->fWidth > 1.0) {
+        for (std::size_t bin = 0; bin < bins->fCount; ++bin) {
+            double probability = 0.0;
+            for (double k = std::ceil(bins->Edge(bin));
+                 k < bins->Edge(bin + 1) && k < bins->Edge(bin) + kMostWholeNumbers; ++k) {
+                probability += PoissonProbability(shape.fParameter, k);
+            }
+            const double middle = (bins->Edge(bin) + bins->Edge(bin + 1)) / 2;
+            points.push_back({middle, probability * scale / bins->fWidth});
+        }
+        return points;
+    }
+    const double first = std::max(0.0, std::ceil(low));
+    for (double k = first; k <= high && k < first + kMostWholeNumbers; ++k) {
+        points.push_back({k, PoissonProbability(shape.fParameter, k) * scale});
+    }
+    return points;
+}
+
+}  // namespace
+
+std::optional<CurveShape> ShapeOf(const tree::DistributionStatistic& statistic, bool onTimeAxis)
+{
+    const auto parameter = InUnitOfAxis(statistic.fParameter, onTimeAxis);
+    const auto secondary = InUnitOfAxis(statistic.fSecondary, onTimeAxis);
+    const bool takesTwo = statistic.fDistribution == tree::Distribution::Normal ||
+                          statistic.fDistribution == tree::Distribution::Uniform;
+    if (!parameter || (takesTwo && !secondary)) return std::nullopt;
+    const CurveShape shape{statistic.fDistribution, *parameter, secondary.value_or(0.0)};
+    return IsDrawable(shape) ? std::optional(shape) : std::nullopt;
+}
+
+double Density(const CurveShape& shape, double x)
+{
+    switch (shape.fKind) {
+        case tree::Distribution::Normal: {
+            const double z = (x - shape.fParameter) / shape.fSecondary;
+            return std::exp(-z * z / 2) / (shape.fSecondary * std::sqrt(2.0 * std::numbers::pi));
+        }
+        case tree::Distribution::Uniform:
+            return x >= shape.fParameter && x <= shape.fSecondary
+                       ? 1.0 / (shape.fSecondary - shape.fParameter)
+                       : 0.0;
+        case tree::Distribution::Poisson:
+            return PoissonProbability(shape.fParameter, x);
+        case tree::Distribution::Exponential:
+            return x < 0.0 ? 0.0 : shape.fParameter * std::exp(-shape.fParameter * x);
+    }
+    return 0.0;
+}
+
+std::vector<CurvePoint> CurvePoints(const CurveShape& shape, double low, double high, double scale,
+                                    const std::optional<Bins>& bins)
+{
+    if (!(high > low) || !std::isfinite(high - low) || !std::isfinite(scale)) return {};
+    if (shape.fKind == tree::Distribution::Poisson) {
+        return PoissonPoints(shape, low, high, scale, bins);
+    }
+    if (shape.fKind == tree::Distribution::Uniform) {
+        const double height = scale / (shape.fSecondary - shape.fParameter);
+        return {{shape.fParameter, 0.0},
+                {shape.fParameter, height},
+                {shape.fSecondary, height},
+                {shape.fSecondary, 0.0}};
+    }
+    const bool startsAtZero = shape.fKind == tree::Distribution::Exponential;
+    const double first = startsAtZero ? std::max(low, 0.0) : low;
+    if (!(high > first)) return {};
+    std::vector<CurvePoint> points;
+    if (startsAtZero && first == 0.0) points.push_back({0.0, 0.0});
+    for (int step = 0; step <= kSteps; ++step) {
+        const double x = first + (high - first) * step / kSteps;
+        points.push_back({x, Density(shape, x) * scale});
+    }
+    return points;
+}
+
+}  // namespace refhost

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace refhost {
+
+/// Pixels that a line of text takes, by an estimate that is rather too wide: the font that draws it
+/// is not known here.
+double TextWidth(std::string_view line, double fontSize);
+
+/// Of a text of several lines, the widest.
+double TextBlockWidth(std::string_view text, double fontSize);
+
+/// The lines of a text, parted by line feeds. Never empty.
+std::vector<std::string> TextLines(std::string_view text);
+
+}  // namespace refhost

@@ -1,0 +1,129 @@
+#include "refhost/plot/Ticks.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+
+#include "refhost/data/Calendar.h"
+#include "refhost/data/NumberText.h"
+#include "refhost/plot/Bins.h"
+
+namespace refhost {
+namespace {
+
+constexpr double kAir = 1.03;  // above the tallest bar
+constexpr double kDay = 86'400'000.0;
+constexpr int kTickLimit = 50;
+constexpr double kLongNumber = 1e15;
+constexpr double kShortNumber = 1e-4;
+
+std::string WithMinusSign(std::string text)
+{
+    if (!text.empty() && text.front() == '-') text.replace(0, 1, "\xE2\x88\x92");
+    return text;
+}
+
+std::string TimeText(double milliseconds, double step)
+{
+    const double seconds = milliseconds / 1000.0 + kSecondsTo1970;
+    const auto text = step >= kDay ? DateText(seconds) : DateTimeText(seconds, ' ', 0);
+    return text.value_or(std::string());
+}
+
+double MonthStart(std::int64_t month)
+{
+    const std::int64_t year = month >= 0 ? month / 12 : (month - 11) / 12;
+    const auto monthOfYear = static_cast<unsigned>(month - year * 12) + 1;
+    return static_cast<double>(DaysFromCivil(year, monthOfYear, 1)) * kDay;
+}
+
+/// Ticks at the first of every month, of every third, of every year and so on.
+std::vector<AxisTick> CalendarTicks(double low, double high, int ticks)
+{
+    constexpr double kMonth = 30.436875 * kDay;
+    const double wanted = (high - low) / kMonth / ticks;
+    double step = wanted <= 1.0 ? 1.0 : wanted <= 3.0 ? 3.0 : wanted <= 6.0 ? 6.0 : 0.0;
+    if (step == 0.0) step = 12.0 * NiceStep(wanted / 12.0);
+    const auto months = static_cast<std::int64_t>(std::max(1.0, step));
+    std::vector<AxisTick> places;
+    auto month = static_cast<std::int64_t>(std::floor(low / kMonth)) - 2;
+    // Months count from January 1970, so a multiple of twelve is a January.
+    month -= ((month % months) + months) % months;
+    for (; places.size() < kTickLimit; month += months) {
+        const double at = MonthStart(month);
+        if (at > high) break;
+        if (at >= low) places.push_back({at, TimeText(at, kDay)});
+    }
+    return places;
+}
+
+std::vector<AxisTick> SteppedTicks(double low, double high, double step)
+{
+    std::vector<AxisTick> ticks;
+    const double slack = step * 1e-9;
+    const double first = std::ceil((low - slack) / step);
+    for (int k = 0; k < kTickLimit; ++k) {
+        const double at = (first + k) * step;
+        if (at > high + slack) break;
+        ticks.push_back({at == 0.0 ? 0.0 : at, TickText(at, step)});
+    }
+    return ticks;
+}
+
+}  // namespace
+
+std::string TickText(double number, double step)
+{
+    const double size = std::fabs(number);
+    if (size < step * 1e-6) return "0";
+    if (size >= kLongNumber || step < kShortNumber) return WithMinusSign(ShortText(number, 12));
+    const int decimals = std::clamp(static_cast<int>(std::ceil(-std::log10(step) - 1e-9)), 0, 6);
+    return WithMinusSign(FixedText(number, decimals));
+}
+
+TickedRange CountRange(double most, int ticks)
+{
+    const double top = std::isfinite(most) && most > 0.0 ? most : 1.0;
+    double step = NiceStep(top * kAir / std::max(1, ticks - 1));
+    if (top >= 2.0) step = std::max(1.0, step);
+    double steps = std::ceil(top * kAir / step - 1e-9);
+    TickedRange range;
+    range.fMax = steps * step;
+    range.fTicks = SteppedTicks(0.0, range.fMax, step);
+    return range;
+}
+
+TickedRange RoundRange(double low, double high, int ticks)
+{
+    if (!(high > low)) {
+        const double around = low == 0.0 ? 1.0 : std::fabs(low) * 0.1;
+        return RoundRange(low - around, low + around, ticks);
+    }
+    const double step = NiceStep((high - low) / std::max(1, ticks - 1));
+    TickedRange range;
+    range.fMin = std::floor(low / step + 1e-9) * step;
+    range.fMax = std::ceil(high / step - 1e-9) * step;
+    range.fTicks = SteppedTicks(range.fMin, range.fMax, step);
+    return range;
+}
+
+std::vector<AxisTick> TicksWithin(double low, double high, int ticks)
+{
+    if (!(high > low)) return {};
+    return SteppedTicks(low, high, NiceStep((high - low) / std::max(1, ticks)));
+}
+
+std::vector<AxisTick> TimeTicksWithin(double low, double high, int ticks)
+{
+    if (!(high > low)) return {};
+    const double wanted = (high - low) / std::max(1, ticks);
+    if (wanted > 14 * kDay) return CalendarTicks(low, high, std::max(1, ticks));
+    const double step = NiceTimeStep(wanted);
+    std::vector<AxisTick> places = SteppedTicks(low, high, step);
+    for (AxisTick& tick : places) {
+        tick.fLabel = TimeText(tick.fAt, step);
+    }
+    return places;
+}
+
+}  // namespace refhost
