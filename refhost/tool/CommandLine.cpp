@@ -1,0 +1,45 @@
+#include "refhost/tool/CommandLine.h"
+
+#include <CLI/CLI.hpp>
+#include <iostream>
+
+#include "refhost/tool/ExitCodes.h"
+
+namespace refhost {
+
+std::optional<RunOptions> ReadCommandLine(int argc, char** argv, int& exitCode)
+{
+    RunOptions options;
+    CLI::App app("Turns finished results of nonparametric tests into tables and charts.", "nonpar");
+    app.require_subcommand(1);
+    CLI::App* run = app.add_subcommand("run", "Run a job and write its output");
+    run->add_option("job", options.fJob, "The job file")->required();
+    run->add_option("-o,--output", options.fOutput,
+                    "Where the output goes (default: standard output for text and json, "
+                    "a file named after the job otherwise)");
+    run->add_option("--format", options.fFormat,
+                    "html, text, json or xlsx (default: by the ending of the output, else html)");
+    run->add_flag("--patterns", options.fPatterns, "Patterns in place of colours in charts");
+    run->add_option("--plugin", options.fPlugin, "Another plug-in than the installed one");
+    run->add_option("--templates", options.fTemplates, "Another folder of chart templates");
+    run->add_option("--texts", options.fTexts, "A text table laid over the installed one");
+    run->add_option("--language", options.fLanguage,
+                    "Language of the output, en or de (default: that of the environment)");
+    run->add_option("--charts", options.fChartFolder,
+                    "A folder for each chart as a .vl.json of its own");
+    run->add_flag("--quiet", options.fQuiet, "No progress on the terminal");
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::CallForHelp&) {
+        std::cout << app.help();
+        exitCode = kExitDone;
+        return std::nullopt;
+    } catch (const CLI::ParseError& error) {
+        std::cerr << "nonpar: " << error.what() << '\n';
+        exitCode = kExitWrong;
+        return std::nullopt;
+    }
+    return options;
+}
+
+}  // namespace refhost

@@ -1,0 +1,15 @@
+#pragma once
+
+namespace refhost {
+
+/// What the tool's exit codes mean.
+enum ExitCode : int {
+    kExitDone = 0,        ///< every split went through
+    kExitUnreadable = 1,  ///< a result document could not be read; earlier splits are in the output
+    kExitWrong = 2,       ///< the job, an option or a file is wrong, or output can't be written
+    kExitInvariant =
+        3,  ///< a document broke an invariant; what was written before is in the output
+    kExitInterrupted = 130  ///< stopped by the user; the splits that were done are in the output
+};
+
+}  // namespace refhost

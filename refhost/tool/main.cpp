@@ -1,0 +1,47 @@
+#include <csignal>
+#include <exception>
+#include <iostream>
+#include <new>
+
+#include "refhost/run/JobRun.h"
+#include "refhost/tool/CommandLine.h"
+#include "refhost/tool/ExitCodes.h"
+
+namespace {
+
+void OnInterrupt(int /*signal*/) { refhost::InterruptRun(); }
+
+int ExitCodeOf(refhost::RunOutcome outcome)
+{
+    switch (outcome) {
+        case refhost::RunOutcome::Done:
+            return refhost::kExitDone;
+        case refhost::RunOutcome::Unreadable:
+            return refhost::kExitUnreadable;
+        case refhost::RunOutcome::InvariantBroken:
+            return refhost::kExitInvariant;
+        case refhost::RunOutcome::Interrupted:
+            return refhost::kExitInterrupted;
+    }
+    return refhost::kExitWrong;
+}
+
+}  // namespace
+
+int main(int argc, char** argv)
+try {
+    // A reader that goes away shows as a failed write, which is told in words.
+    std::signal(SIGPIPE, SIG_IGN);
+    std::signal(SIGINT, OnInterrupt);
+    std::signal(SIGTERM, OnInterrupt);
+    int exitCode = refhost::kExitDone;
+    const auto options = refhost::ReadCommandLine(argc, argv, exitCode);
+    if (!options) return exitCode;
+    return ExitCodeOf(refhost::RunJob(*options));
+} catch (const std::bad_alloc&) {
+    std::cerr << "nonpar: out of memory\n";
+    return refhost::kExitWrong;
+} catch (const std::exception& failure) {
+    std::cerr << "nonpar: " << failure.what() << '\n';
+    return refhost::kExitWrong;
+}

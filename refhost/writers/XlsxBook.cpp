@@ -1,0 +1,172 @@
+#include "refhost/writers/XlsxBook.h"
+
+#include <sys/resource.h>
+
+#include <fmt/format.h>
+#include <algorithm>
+#include <cstdlib>
+#include <new>
+
+#include "refhost/document/WriteFailure.h"
+
+namespace refhost {
+
+namespace {
+
+constexpr std::size_t kLongestSheetName = 31;
+constexpr std::size_t kLongestCellText = 32767;
+constexpr std::uint32_t kHeaderGround = 0xEEF2F7;
+constexpr std::uint32_t kLineColour = 0xB8C4D6;
+constexpr std::uint32_t kFaintColour = 0x5A6675;
+constexpr int kMostDecimals = 30;  // the file format's own limit
+
+/// Every sheet keeps a file open until the workbook ends.
+void RaiseFileLimit()
+{
+    rlimit limit{};
+    if (getrlimit(RLIMIT_NOFILE, &limit) != 0) return;
+    limit.rlim_cur = limit.rlim_max;
+    setrlimit(RLIMIT_NOFILE, &limit);
+}
+
+/// The first `characters` characters of a UTF-8 text.
+std::string_view Leading(std::string_view text, std::size_t characters)
+{
+    std::size_t end = 0;
+    while (end < text.size()) {
+        const bool startsCharacter = (static_cast<unsigned char>(text[end]) & 0xC0U) != 0x80U;
+        if (startsCharacter && characters-- == 0) break;
+        ++end;
+    }
+    return text.substr(0, end);
+}
+
+/// A name holds none of these, and quotes only inside.
+std::string SheetName(std::size_t number, std::string_view title)
+{
+    std::string name = fmt::format("{} {}", number, title);
+    for (char& character : name)
+        if (std::string_view("[]:*?/\\'\t\r\n").find(character) != std::string_view::npos)
+            character = ' ';
+    // Counted in bytes where characters beyond the basic plane could count twice.
+    std::string_view leading = Leading(name, kLongestSheetName / 2);
+    if (name.size() <= kLongestSheetName) leading = name;
+    while (leading.ends_with(' '))
+        leading.remove_suffix(1);
+    return std::string(leading);
+}
+
+}  // namespace
+
+XlsxBook::XlsxBook(const std::string& file) : fFile(file)
+{
+    RaiseFileLimit();
+    lxw_workbook_options options{};
+    options.constant_memory = LXW_TRUE;
+    fBook.reset(workbook_new_opt(file.c_str(), &options));
+    if (!fBook) throw WriteFailure(fmt::format("{} can't be written", file));
+    for (const Style style : {Style::Plain, Style::Title, Style::Faint, Style::Caption,
+                              Style::ColumnHeader, Style::RowHeader, Style::Cell, Style::Link})
+        fStyles.emplace(style, MakeStyle(style));
+}
+
+XlsxBook::~XlsxBook() = default;
+
+lxw_worksheet* XlsxBook::AddSheet(std::string_view title)
+{
+    const std::string name =
+        fSheets == 0 ? std::string(Leading(title, kLongestSheetName)) : SheetName(fSheets, title);
+    lxw_worksheet* sheet = workbook_add_worksheet(fBook.get(), name.c_str());
+    if (!sheet) throw WriteFailure(fmt::format("{} can't hold more tables", fFile));
+    ++fSheets;
+    return sheet;
+}
+
+lxw_format* XlsxBook::MakeStyle(Style style)
+{
+    lxw_format* format = workbook_add_format(fBook.get());
+    format_set_align(format, LXW_ALIGN_VERTICAL_TOP);
+    switch (style) {
+        case Style::Plain:
+            break;
+        case Style::Title:
+            format_set_bold(format);
+            format_set_font_size(format, 14);
+            break;
+        case Style::Faint:
+            format_set_font_color(format, kFaintColour);
+            break;
+        case Style::Caption:
+            format_set_italic(format);
+            break;
+        case Style::ColumnHeader:
+        case Style::RowHeader:
+            format_set_bold(format);
+            format_set_bg_color(format, kHeaderGround);
+            if (style == Style::ColumnHeader) format_set_align(format, LXW_ALIGN_CENTER);
+            [[fallthrough]];
+        case Style::Cell:
+            format_set_text_wrap(format);
+            format_set_border(format, LXW_BORDER_THIN);
+            format_set_border_color(format, kLineColour);
+            break;
+        case Style::Link:
+            format_set_font_color(format, LXW_COLOR_BLUE);
+            format_set_underline(format, LXW_UNDERLINE_SINGLE);
+            break;
+    }
+    return format;
+}
+
+lxw_format* XlsxBook::Format(Style style) const { return fStyles.at(style); }
+
+lxw_format* XlsxBook::NumberFormat(int decimals, const std::string& marks)
+{
+    auto [place, isNew] = fNumberFormats.try_emplace({decimals, marks}, nullptr);
+    if (!isNew) return place->second;
+    std::string pattern = "0";
+    if (decimals > 0)
+        pattern +=
+            "." + std::string(static_cast<std::size_t>(std::min(decimals, kMostDecimals)), '0');
+    if (!marks.empty()) pattern += fmt::format("\" ({})\"", marks);
+    lxw_format* format = MakeStyle(Style::Cell);
+    format_set_num_format(format, pattern.c_str());
+    format_set_align(format, LXW_ALIGN_RIGHT);
+    place->second = format;
+    return format;
+}
+
+void XlsxBook::Close()
+{
+    const lxw_error error = workbook_close(fBook.release());
+    if (error != LXW_NO_ERROR)
+        throw WriteFailure(fmt::format("{} can't be written: {}", fFile, lxw_strerror(error)));
+}
+
+void WriteText(lxw_worksheet* sheet, lxw_row_t row, lxw_col_t column, std::string_view text,
+               lxw_format* format)
+{
+    // A cell counts characters; fewer than this many bytes always fit.
+    std::string content(text.size() <= kLongestCellText ? text
+                                                        : Leading(text, kLongestCellText / 2));
+    if (content.size() < text.size()) content += "…";
+    worksheet_write_string(sheet, row, column, content.c_str(), format);
+}
+
+void JoinCells(lxw_worksheet* sheet, lxw_row_t firstRow, lxw_col_t firstColumn, lxw_row_t lastRow,
+               lxw_col_t lastColumn)
+{
+    if (firstRow == lastRow && firstColumn == lastColumn) return;
+    // The library's own call writes blanks into all cells of the range, and a row that is on disk
+    // takes none; the list of ranges is all that the file needs. The library frees the entry.
+    auto* range = static_cast<lxw_merged_range*>(std::calloc(1, sizeof(lxw_merged_range)));
+    if (!range) throw std::bad_alloc();
+    range->first_row = firstRow;
+    range->first_col = firstColumn;
+    range->last_row = lastRow;
+    range->last_col = lastColumn;
+    STAILQ_INSERT_TAIL(sheet->merged_ranges, range, list_pointers);
+    sheet->merged_range_count++;
+}
+
+}  // namespace refhost

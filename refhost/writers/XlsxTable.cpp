@@ -1,0 +1,220 @@
+#include "refhost/writers/XlsxTable.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <vector>
+
+#include "refhost/writers/Footnotes.h"
+#include "refhost/writers/TableGrid.h"
+#include "refhost/writers/XlsxBook.h"
+
+namespace refhost {
+
+namespace {
+
+using Style = XlsxBook::Style;
+
+constexpr lxw_row_t kFirstTableRow = 3;  // behind title, place and a blank row
+constexpr double kNarrowestColumn = 9;
+constexpr double kWidestColumn = 48;
+constexpr double kColumnPadding = 2;
+
+lxw_row_t Row(std::size_t row) { return static_cast<lxw_row_t>(row); }
+lxw_col_t Column(std::size_t column) { return static_cast<lxw_col_t>(column); }
+
+std::string WithMarks(const std::string& text, const std::string& marks)
+{
+    return marks.empty() ? text : text + " (" + marks + ")";
+}
+
+/// A pivot table on its way into a sheet. Rows are written from top to bottom, once each.
+class TableSheet {
+public:
+    TableSheet(XlsxBook& book, lxw_worksheet* sheet, const TableNode& table)
+        : fBook(book),
+          fSheet(sheet),
+          fTable(table),
+          fGrid(table),
+          fNotes(fGrid),
+          fFirstColumn(std::max(1U, fGrid.Rows().fLevels)),
+          fFirstRow(kFirstTableRow + fGrid.Columns().fLevels),
+          fWidths(fFirstColumn + fGrid.Columns().fLines, kNarrowestColumn)
+    {
+    }
+
+    void Write()
+    {
+        WriteColumnHeaders();
+        WriteRows();
+        WriteNotes();
+        for (std::size_t column = 0; column < fWidths.size(); ++column)
+            worksheet_set_column(fSheet, Column(column), Column(column), fWidths[column], nullptr);
+        worksheet_freeze_panes(fSheet, Row(fFirstRow), Column(fFirstColumn));
+    }
+
+private:
+    void WriteLabel(std::size_t row, std::size_t column, const GridHeader& header, Style style)
+    {
+        const std::string marks = header.fNotes ? fNotes.Marks(*header.fNotes) : std::string();
+        const std::string text = WithMarks(header.fLabel->fShown, marks);
+        WriteText(fSheet, Row(row), Column(column), text, fBook.Format(style));
+        if (header.fLines == 1 || style == Style::RowHeader) Widen(column, text.size());
+    }
+
+    /// The cells of a header but its first, so that borders and ground go through.
+    void WriteBlanks(std::size_t row, std::size_t firstColumn, std::size_t lastColumn, Style style)
+    {
+        for (std::size_t column = firstColumn; column <= lastColumn; ++column)
+            worksheet_write_blank(fSheet, Row(row), Column(column), fBook.Format(style));
+    }
+
+    void Widen(std::size_t column, std::size_t characters)
+    {
+        const double width =
+            std::min(kWidestColumn, static_cast<double>(characters) + kColumnPadding);
+        fWidths[column] = std::max(fWidths[column], width);
+    }
+
+    void WriteColumnHeaders()
+    {
+        const GridAxis& columns = fGrid.Columns();
+        for (unsigned level = 0; level < columns.fLevels; ++level) {
+            const std::size_t row = kFirstTableRow + level;
+            const bool isLast = level + 1 == columns.fLevels;
+            WriteBlanks(row, 0, fFirstColumn - 1, Style::ColumnHeader);
+            if (isLast)
+                for (const GridHeader& title : fGrid.Rows().fCorner)
+                    WriteLabel(row, title.fLevel, title, Style::ColumnHeader);
+            for (const GridHeader& header : columns.fHeaders)
+                WriteHeaderLevel(header, level);
+        }
+    }
+
+    void WriteHeaderLevel(const GridHeader& header, unsigned level)
+    {
+        if (level < header.fLevel || level >= header.fLevel + header.fLevels) return;
+        const std::size_t row = kFirstTableRow + level;
+        const std::size_t first = fFirstColumn + header.fLine;
+        const std::size_t last = first + header.fLines - 1;
+        WriteBlanks(row, first, last, Style::ColumnHeader);
+        if (level == header.fLevel) WriteLabel(row, first, header, Style::ColumnHeader);
+        if (level + 1 == header.fLevel + header.fLevels)
+            JoinCells(fSheet, Row(kFirstTableRow + header.fLevel), Column(first), Row(row),
+                      Column(last));
+    }
+
+    void WriteRows()
+    {
+        const GridAxis& rows = fGrid.Rows();
+        auto header = rows.fHeaders.begin();
+        for (std::size_t line = 0; line < rows.fLines; ++line) {
+            const std::size_t row = fFirstRow + line;
+            WriteBlanks(row, 0, fFirstColumn - 1, Style::RowHeader);
+            for (; header != rows.fHeaders.end() && header->fLine == line; ++header) {
+                WriteLabel(row, header->fLevel, *header, Style::RowHeader);
+                JoinCells(fSheet, Row(row), Column(header->fLevel), Row(row + header->fLines - 1),
+                          Column(header->fLevel + header->fLevels - 1));
+            }
+            WriteBlanks(row, fFirstColumn, fWidths.size() - 1, Style::Cell);
+            for (const TableGrid::PlacedCell& cell : fGrid.RowCells(line))
+                WriteCell(row, fFirstColumn + cell.fColumn, *cell.fCell);
+        }
+    }
+
+    void WriteCell(std::size_t row, std::size_t column, const PivotCell& cell)
+    {
+        const std::string marks = fNotes.Marks(cell.fNotes);
+        const auto* number =
+            cell.fContent ? std::get_if<TextNumber>(&cell.fContent->fPassed) : nullptr;
+        if (number && IsShownAsNumber(*number)) {
+            worksheet_write_number(fSheet, Row(row), Column(column), number->fNumber,
+                                   fBook.NumberFormat(number->fDecimals, marks));
+            return;
+        }
+        const std::string text =
+            WithMarks(cell.fContent ? cell.fContent->fShown : std::string(), marks);
+        WriteText(fSheet, Row(row), Column(column), text,
+                  number ? fBook.NumberFormat(0, "") : fBook.Format(Style::Cell));
+        Widen(column, text.size());
+    }
+
+    /// The missing number is the most negative finite one.
+    static bool IsShownAsNumber(const TextNumber& number)
+    {
+        return std::isfinite(number.fNumber) &&
+               number.fNumber != std::numeric_limits<double>::lowest();
+    }
+
+    void WriteNotes()
+    {
+        std::size_t row = fFirstRow + fGrid.Rows().fLines + 1;
+        if (fTable.fCaption)
+            WriteText(fSheet, Row(row++), 0, fTable.fCaption->fShown, fBook.Format(Style::Caption));
+        const std::vector<const Text*>& notes = fNotes.Notes();
+        for (std::size_t note = 0; note < notes.size(); ++note)
+            WriteText(fSheet, Row(row++), 0, FootnoteLetter(note) + ". " + notes[note]->fShown,
+                      fBook.Format(Style::Plain));
+    }
+
+    XlsxBook& fBook;
+    lxw_worksheet* fSheet;
+    const TableNode& fTable;
+    const TableGrid fGrid;
+    const Footnotes fNotes;
+    const std::size_t fFirstColumn;  // of cells
+    const std::size_t fFirstRow;     // of cells
+    std::vector<double> fWidths;     // in characters
+};
+
+void WriteHead(XlsxBook& book, lxw_worksheet* sheet, std::string_view title,
+               const std::string& path)
+{
+    WriteText(sheet, 0, 0, title, book.Format(Style::Title));
+    WriteText(sheet, 1, 0, path, book.Format(Style::Faint));
+}
+
+void WriteSource(XlsxBook& book, lxw_worksheet* sheet, const ChartSource& source, lxw_row_t& row)
+{
+    for (std::size_t column = 0; column < source.fColumns.size(); ++column)
+        WriteText(sheet, row, Column(column), source.fColumns[column].fName,
+                  book.Format(Style::ColumnHeader));
+    ++row;
+    for (std::size_t line = 0; line < source.fRows; ++line, ++row) {
+        for (std::size_t column = 0; column < source.fColumns.size(); ++column) {
+            const std::vector<ChartValue>& values = source.fColumns[column].fValues;
+            if (line >= values.size()) continue;
+            if (const auto* number = std::get_if<double>(&values[line])) {
+                if (std::isfinite(*number))
+                    worksheet_write_number(sheet, row, Column(column), *number, nullptr);
+            } else if (const auto* text = std::get_if<std::string>(&values[line])) {
+                WriteText(sheet, row, Column(column), *text, nullptr);
+            }
+        }
+    }
+    ++row;
+}
+
+}  // namespace
+
+void WriteTableSheet(XlsxBook& book, lxw_worksheet* sheet, const TableNode& table,
+                     const std::string& path)
+{
+    WriteHead(book, sheet, table.fTitle ? table.fTitle->fShown : "", path);
+    TableSheet(book, sheet, table).Write();
+}
+
+void WriteChartSheet(XlsxBook& book, lxw_worksheet* sheet, const ChartNode& chart,
+                     const std::string& path)
+{
+    WriteHead(book, sheet, chart.fTitle, path);
+    lxw_row_t row = 2;
+    for (const std::string* text : {&chart.fSubtitle, &chart.fFootnote})
+        if (!text->empty()) WriteText(sheet, row++, 0, *text, book.Format(Style::Plain));
+    ++row;
+    for (const ChartSource& source : chart.fSources)
+        WriteSource(book, sheet, source, row);
+    worksheet_set_column(sheet, 0, 0, kWidestColumn / 2, nullptr);
+}
+
+}  // namespace refhost
