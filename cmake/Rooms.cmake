@@ -32,7 +32,7 @@ function(nonpar_tests)
         target_link_libraries(tests_support PUBLIC nonpar_warnings refhost_all GTest::gtest)
         target_include_directories(tests_support PUBLIC ${PROJECT_SOURCE_DIR}/tests)
         target_compile_definitions(tests_support PUBLIC
-            NONPAR_SOURCE_DIR="${PROJECT_SOURCE_DIR}" NONPAR_BINARY_DIR="${PROJECT_BINARY_DIR}")
+            NONPAR_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
     endif()
     file(GLOB_RECURSE sources CONFIGURE_DEPENDS RELATIVE ${PROJECT_SOURCE_DIR}/tests
          ${PROJECT_SOURCE_DIR}/tests/*Test.cpp)
@@ -53,7 +53,7 @@ function(nonpar_tests)
         endif()
         target_include_directories(test_${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
         target_compile_definitions(test_${name} PRIVATE
-            NONPAR_SOURCE_DIR="${PROJECT_SOURCE_DIR}" NONPAR_BINARY_DIR="${PROJECT_BINARY_DIR}")
+            NONPAR_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
         gtest_discover_tests(test_${name} TEST_PREFIX "${folder}/" DISCOVERY_TIMEOUT 60)
     endforeach()
 endfunction()
