@@ -60,9 +60,16 @@ void SortPairs(std::vector<Pair>& pairs)
     }
 }
 
-/// The pairs as the table shows them; none where a row has a bad sample.
-std::vector<Pair> OrderedPairs(const Pairwise& pairwise, const RankTable& ranks)
+/// The pairs as the table shows them; none where the shape is bad or a row has a bad sample.
+std::vector<Pair> OrderedPairs(const Pairwise& pairwise)
 {
+    const NumericTable& rankData = pairwise.fInfo;
+    CFAssert(rankData.fRows.size() == 2, "rankData.fRows.size() == 2");
+    if (rankData.fRows[0].size() != rankData.fRows[1].size()) return {};
+    const RankTable ranks(rankData);
+    const std::size_t nCol = pairwise.fContent.fColumnNames.size();
+    CFAssert(nCol == content::kColumns, "nCol == 7");
+
     std::vector<Pair> pairs(pairwise.fContent.fRows.size());
     for (std::size_t row = 0; row < pairs.size(); ++row) {
         if (!ReadPair(pairwise.fContent.fRows[row], ranks, pairs[row])) return {};
@@ -102,6 +109,22 @@ void WriteNumbers(BpDimension& statistics, const Pair& pair, bool hasStandardErr
     adjusted.Note(LookupNote(kBonferroniNote));
 }
 
+/// False: the table stands without rows.
+bool WritePairs(BpPivotTable& table, const NOPROutputStats& stats, const PostHocKind& postHoc,
+                const Pairwise& pairwise, const NOPROutput::Messages& messages)
+{
+    BpDimension samples = MakeDimension(table, kSamples);
+    BpDimension statistics = MakeDimension(table, kStatistics);
+    const std::vector<Pair> pairs = OrderedPairs(pairwise);
+    const PairMessages pairMessages(messages);
+    const bool hasStandardError = postHoc.fKind != kind::kMedian;
+    for (const Pair& pair : pairs) {
+        samples.Category(PairLabel(stats, postHoc, pairwise, pair));
+        WriteNumbers(statistics, pair, hasStandardError, pairMessages);
+    }
+    return !pairs.empty();
+}
+
 }  // namespace
 
 void NOPROutput::PairwiseComparisons(BpHeading& heading, const Pairwise& pairwise,
@@ -111,27 +134,12 @@ void NOPROutput::PairwiseComparisons(BpHeading& heading, const Pairwise& pairwis
     const PostHocKind* postHoc = FindPostHocKind(testKind);
     if (!postHoc) return;
 
-    BpPivotTable table =
-        MakePostHocTable(heading, *fStats, postHoc->fPairwiseTitle, "Pairwise Comparisons Table",
-                         postHoc->fPairwiseCaption, SampleField(*fStats, *postHoc, pairwise));
-    BpDimension samples = MakeDimension(table, kSamples);
-    BpDimension statistics = MakeDimension(table, kStatistics);
-
-    const NumericTable& rankData = pairwise.fInfo;
-    CFAssert(rankData.fRows.size() == 2, "rankData.fRows.size() == 2");
-    if (rankData.fRows[0].size() != rankData.fRows[1].size()) return;
-    const RankTable ranks(rankData);
-    const std::size_t nCol = pairwise.fContent.fColumnNames.size();
-    CFAssert(nCol == content::kColumns, "nCol == 7");
-    const std::vector<Pair> pairs = OrderedPairs(pairwise, ranks);
-    if (pairs.empty()) return;
-
-    const PairMessages pairMessages(messages);
-    const bool hasStandardError = testKind != kind::kMedian;
-    for (const Pair& pair : pairs) {
-        samples.Category(PairLabel(*fStats, *postHoc, pairwise, pair));
-        WriteNumbers(statistics, pair, hasStandardError, pairMessages);
-    }
+    {
+        BpPivotTable table = MakePostHocTable(
+            heading, *fStats, postHoc->fPairwiseTitle, "Pairwise Comparisons Table",
+            postHoc->fPairwiseCaption, SampleField(*fStats, *postHoc, pairwise));
+        if (!WritePairs(table, *fStats, *postHoc, pairwise, messages)) return;
+    }  // the table ends, so that the graph stands behind it
 
     bool appendSplit = false;
     const std::string splitText = fStats->SplitText(appendSplit);
