@@ -4,10 +4,16 @@
 
 #include "refhost/writers/ByteOutput.h"
 #include "refhost/writers/JsonWriter.h"
+#include "refhost/writers/TextWriter.h"
 
 namespace refhost {
 
 namespace {
+
+std::unique_ptr<OutputSink> Text(const WriterSettings& settings)
+{
+    return MakeTextWriter(std::make_unique<ByteOutput>(settings.fFile), settings.fTerminalWidth);
+}
 
 std::unique_ptr<OutputSink> Json(const WriterSettings& settings)
 {
@@ -16,6 +22,7 @@ std::unique_ptr<OutputSink> Json(const WriterSettings& settings)
 
 // clang-format off
 constexpr WriterRow kWriters[] = {
+    {"text", ".txt",  /*fToStandardOutput=*/true, Text},
     {"json", ".json", /*fToStandardOutput=*/true, Json},
 };
 // clang-format on

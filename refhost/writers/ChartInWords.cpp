@@ -1,0 +1,89 @@
+#include "refhost/writers/ChartInWords.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+#include "refhost/writers/TerminalText.h"
+
+namespace refhost {
+
+namespace {
+
+constexpr std::size_t kNamedTexts = 6;
+constexpr double kMissingNumber = -std::numeric_limits<double>::max();
+
+/// What a column holds, gathered in one walk.
+struct ColumnSummary {
+    std::size_t fNumbers = 0;
+    double fLeast = std::numeric_limits<double>::infinity();
+    double fMost = -std::numeric_limits<double>::infinity();
+    double fMean = 0.0;
+    std::size_t fTexts = 0;
+    std::vector<std::string_view> fNamed;
+    bool fHasFurther = false;  // texts that are not named
+
+    void Take(double number)
+    {
+        if (!std::isfinite(number) || number == kMissingNumber) return;
+        ++fNumbers;
+        fLeast = std::min(fLeast, number);
+        fMost = std::max(fMost, number);
+        fMean += (number - fMean) / static_cast<double>(fNumbers);
+    }
+
+    void Take(const std::string& text)
+    {
+        ++fTexts;
+        if (fHasFurther || std::ranges::find(fNamed, text) != fNamed.end()) return;
+        if (fNamed.size() < kNamedTexts) {
+            fNamed.push_back(text);
+        } else {
+            fHasFurther = true;
+        }
+    }
+
+    void Take(std::monostate) {}
+};
+
+std::string Numbers(const ColumnSummary& column)
+{
+    if (column.fNumbers == 1) return fmt::format("{:.6g}", column.fLeast);
+    return fmt::format("{} numbers, {:.6g} to {:.6g}, mean {:.6g}", column.fNumbers, column.fLeast,
+                       column.fMost, column.fMean);
+}
+
+std::string Texts(const ColumnSummary& column)
+{
+    std::string names;
+    for (const std::string_view name : column.fNamed) {
+        if (!names.empty()) names += ", ";
+        names += Printable(name);
+    }
+    if (column.fHasFurther) names += ", ...";
+    if (column.fTexts == 1) return names;
+    return fmt::format("{} values: {}", column.fTexts, names);
+}
+
+}  // namespace
+
+std::vector<std::string> SummarizeSource(const ChartSource& source)
+{
+    std::vector<std::string> lines;
+    for (const ChartSource::Column& values : source.fColumns) {
+        ColumnSummary column;
+        for (const ChartValue& value : values.fValues)
+            std::visit([&column](const auto& content) { column.Take(content); }, value);
+        std::string line = Printable(values.fName) + ": ";
+        if (column.fNumbers > 0) line += Numbers(column);
+        if (column.fNumbers > 0 && column.fTexts > 0) line += "; ";
+        if (column.fTexts > 0) line += Texts(column);
+        if (column.fNumbers == 0 && column.fTexts == 0) line += "no values";
+        lines.push_back(std::move(line));
+    }
+    return lines;
+}
+
+}  // namespace refhost

@@ -1,0 +1,135 @@
+#include "refhost/writers/TextWriter.h"
+
+#include <string_view>
+
+#include "refhost/writers/ByteOutput.h"
+#include "refhost/writers/ChartInWords.h"
+#include "refhost/writers/TerminalTable.h"
+#include "refhost/writers/TerminalText.h"
+
+namespace refhost {
+
+namespace {
+
+/// What underlines headings, outermost first; deeper ones take the last.
+constexpr std::string_view kUnderlines[] = {"═", "─", "·"};
+
+class TextWriter final : public OutputSink {
+public:
+    TextWriter(std::unique_ptr<ByteOutput> output, int terminalWidth)
+        : fOutput(std::move(output)), fWidth(terminalWidth)
+    {
+    }
+
+    void Begin(const RunStart& start) override
+    {
+        if (!start.fTitle.empty()) Heading(Printable(start.fTitle), 0);
+    }
+
+    void Node(OutputNodePtr node) override
+    {
+        Write(*node, 0);
+        fOutput->Flush();
+    }
+
+    void End(const RunEnd& end) override
+    {
+        if (!end.fNotice.empty()) {
+            Part();
+            Paragraph("", end.fNotice);
+        }
+        fOutput->Close();
+    }
+
+private:
+    void Write(const OutputNode& node, unsigned depth)
+    {
+        std::visit([this, depth](const auto& content) { Write(content, depth); }, node.fContent);
+    }
+
+    void Write(const HeadingNode& heading, unsigned depth)
+    {
+        Heading(heading.fLabel ? Printable(heading.fLabel->fShown) : std::string(), depth);
+        for (const auto& child : heading.fChildren)
+            if (child) Write(*child, depth + 1);
+    }
+
+    void Write(const TableNode& table, unsigned)
+    {
+        Part();
+        WriteTerminalTable(table, fWidth, *fOutput);
+    }
+
+    void Write(const ErrorNode& error, unsigned)
+    {
+        Part();
+        Paragraph("Warning: ", error.fText);
+    }
+
+    void Write(const ChartNode& chart, unsigned)
+    {
+        Part();
+        Paragraph("Chart: ", chart.fTitle.empty() ? chart.fTemplate : chart.fTitle);
+        for (const std::string* text : {&chart.fSubtitle, &chart.fDescription, &chart.fFootnote})
+            if (!text->empty()) Paragraph("  ", *text);
+        for (const ChartSource& source : chart.fSources) {
+            Paragraph("  ", source.fName + ", rows: " + std::to_string(source.fRows));
+            for (const std::string& line : SummarizeSource(source))
+                Paragraph("    ", line);
+        }
+    }
+
+    /// A blank line before every part but the first.
+    void Part()
+    {
+        if (!fIsFirst) fOutput->Put('\n');
+        fIsFirst = false;
+    }
+
+    void Heading(const std::string& text, unsigned depth)
+    {
+        Part();
+        std::size_t width = 0;
+        for (const std::string& line : WrapText(text, Room(0))) {
+            fOutput->Write(line);
+            fOutput->Put('\n');
+            width = std::max(width, DisplayWidth(line));
+        }
+        const std::size_t kind = std::min<std::size_t>(depth, std::size(kUnderlines) - 1);
+        for (std::size_t column = 0; column < width; ++column)
+            fOutput->Write(kUnderlines[kind]);
+        fOutput->Put('\n');
+    }
+
+    /// A lead of blanks indents all lines, any other the first only.
+    void Paragraph(std::string_view lead, const std::string& text)
+    {
+        const bool indents = lead.find_first_not_of(' ') == std::string_view::npos;
+        std::vector<std::string> lines = WrapText(
+            Printable(indents ? text : std::string(lead) + text), Room(indents ? lead.size() : 0));
+        for (const std::string& line : lines) {
+            if (indents) fOutput->Write(lead);
+            fOutput->Write(line);
+            fOutput->Put('\n');
+        }
+    }
+
+    std::size_t Room(std::size_t taken) const
+    {
+        const auto width = static_cast<std::size_t>(std::max(fWidth, 1));
+        return width > taken ? width - taken : 1;
+    }
+
+    std::unique_ptr<ByteOutput> fOutput;
+    int fWidth;
+    bool fIsFirst = true;
+};
+
+}  // namespace
+
+std::unique_ptr<OutputSink> MakeTextWriter(std::unique_ptr<ByteOutput> output, int terminalWidth)
+{
+    return std::make_unique<TextWriter>(std::move(output), terminalWidth);
+}
+
+}  // namespace refhost
