@@ -1,7 +1,10 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
+#include <string_view>
 
 class DOMDocument;
 class SDOMXMLIterator;
@@ -25,7 +28,7 @@ public:
     const std::string& GetName() const;
 
     /// Each gives false, and leaves `value` unchanged, where the element has no such attribute or
-    /// its text is not wholly a number of that type.
+    /// its text is not wholly one finite number; an int is cut toward 0 and clamped to 32 bits.
     bool GetAttribute(const char* name, std::string& value) const;
     bool GetAttribute(const char* name, int& value) const;
     bool GetAttribute(const char* name, double& value) const;
@@ -44,17 +47,17 @@ public:
 private:
     friend class SDOMXMLIterator;
     class Document;
-    SDOMXMLWrapper(Document* document, unsigned element);
+
+    std::optional<std::string_view> FindAttribute(const char* name) const;
 
     std::unique_ptr<Document> fOwned;  // of the loading wrapper only
-    Document* fDocument = nullptr;
-    unsigned fElement = 0;
+    Document* fDocument = nullptr;     // null before a document was loaded
+    std::uint32_t fElement = 0;
 };
 
 /// A walk over child elements; see `SDOMXMLWrapper` for lifetimes.
 class SDOMXMLIterator {
 public:
-    ~SDOMXMLIterator();
     SDOMXMLIterator(const SDOMXMLIterator&) = delete;
     SDOMXMLIterator& operator=(const SDOMXMLIterator&) = delete;
 
@@ -63,7 +66,10 @@ public:
 
 private:
     friend class SDOMXMLWrapper;
-    class Impl;
-    explicit SDOMXMLIterator(std::unique_ptr<Impl> impl);
-    std::unique_ptr<Impl> fImpl;
+    explicit SDOMXMLIterator(SDOMXMLWrapper::Document* document);
+
+    SDOMXMLWrapper::Document* fDocument;
+    std::uint32_t fNext = 0;
+    std::uint32_t fEnd = 0;
+    std::optional<std::uint32_t> fName;  // nothing: all children
 };

@@ -85,9 +85,9 @@ void ToString(const OBS& value, const QORT_Format& format, char* buffer)
     std::memset(buffer, ' ', format.fWidth);
     if (value.IsString()) {
         const std::string_view text = refhost::CutToWidth(value.Text(), format.fWidth);
-        std::memcpy(buffer, text.data(), text.size());
+        text.copy(buffer, text.size());
         return;
     }
     const std::string text = refhost::FittingText(value.Number(), format);
-    std::memcpy(buffer + (format.fWidth - text.size()), text.data(), text.size());
+    text.copy(buffer + (format.fWidth - text.size()), text.size());
 }

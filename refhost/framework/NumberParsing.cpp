@@ -1,0 +1,85 @@
+#include "refhost/framework/NumberParsing.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <cstdint>
+#include <limits>
+#include <system_error>
+
+namespace refhost {
+
+namespace {
+
+constexpr std::string_view kSpace = " \t\r\n";
+constexpr std::string_view kDecimalDigits = "0123456789";
+
+/// Without the blanks around it and without a leading "+".
+std::string_view NumberPart(std::string_view text)
+{
+    text.remove_prefix(std::min(text.find_first_not_of(kSpace), text.size()));
+    text = text.substr(0, text.find_last_not_of(kSpace) + 1);
+    if (text.size() > 1 && text[0] == '+' && text[1] != '-') text.remove_prefix(1);
+    return text;
+}
+
+/// Tells apart the two ways in which a well-formed number leaves the range of a double: whether its
+/// first digit that is not zero stands far behind the point.
+bool IsTooSmall(std::string_view number)
+{
+    const std::size_t mark = std::min(number.find_first_of("eE"), number.size());
+    const std::string_view mantissa = number.substr(0, mark);
+    const auto point = static_cast<std::int64_t>(std::min(mantissa.find('.'), mantissa.size()));
+    const auto first = static_cast<std::int64_t>(mantissa.find_first_of("123456789"));
+    if (mark == number.size()) return first > point;
+
+    std::string_view exponentText = number.substr(mark + 1);
+    if (exponentText.starts_with('+')) exponentText.remove_prefix(1);
+    std::int64_t exponent = 0;
+    const auto read =
+        std::from_chars(exponentText.data(), exponentText.data() + exponentText.size(), exponent);
+    if (read.ec == std::errc::result_out_of_range) return exponentText.starts_with('-');
+    return exponent < first - point;
+}
+
+int ClampedToInt(double value)
+{
+    constexpr double kLeast = std::numeric_limits<int>::min();
+    constexpr double kMost = std::numeric_limits<int>::max();
+    return static_cast<int>(std::clamp(value, kLeast, kMost));
+}
+
+}  // namespace
+
+std::optional<double> ParseDouble(std::string_view text)
+{
+    const std::string_view number = NumberPart(text);
+    const char* end = number.data() + number.size();
+    double value = 0.0;
+    const auto read = std::from_chars(number.data(), end, value);
+    if (read.ptr != end || read.ec == std::errc::invalid_argument) return {};
+    if (read.ec == std::errc::result_out_of_range) {
+        if (IsTooSmall(number)) return 0.0;
+        return {};
+    }
+    if (!std::isfinite(value)) return {};
+    return value;
+}
+
+std::optional<int> ParseInteger(std::string_view text)
+{
+    const std::string_view number = NumberPart(text);
+    const bool negative = number.starts_with('-');
+    const std::string_view digits = number.substr(negative ? 1 : 0);
+    if (digits.empty() || digits.find_first_not_of(kDecimalDigits) != std::string_view::npos) {
+        const std::optional<double> value = ParseDouble(number);
+        if (!value) return {};
+        return ClampedToInt(*value);
+    }
+    int value = 0;
+    const auto read = std::from_chars(number.data(), number.data() + number.size(), value);
+    if (read.ec == std::errc()) return value;
+    return negative ? std::numeric_limits<int>::min() : std::numeric_limits<int>::max();
+}
+
+}  // namespace refhost

@@ -1,0 +1,96 @@
+#include "refhost/framework/XmlTreeBuilder.h"
+
+namespace refhost {
+
+namespace {
+
+constexpr const char* kTooDeep = "elements nest deeper than 1000 levels";
+constexpr const char* kLoneSurrogate = "a character beyond what Unicode knows";
+
+}  // namespace
+
+XmlTreeBuilder::XmlTreeBuilder(std::size_t documentSize) { fTree.fArena.reserve(documentSize); }
+
+bool XmlTreeBuilder::StartElement(std::u16string_view name)
+{
+    if (fDepth == kDeepestLevel) return Refuse(kTooDeep);
+    if (!fTextConversion.IsWhole()) return Refuse(kLoneSurrogate);
+    if (fDepth > 0) HoldText(fOpen[fDepth - 1]);
+
+    XmlTree::Node node{0, 0, fTree.fAttributes.size(), {}};
+    if (!Intern(name, node.fName)) return false;
+    if (fOpen.size() == fDepth) fOpen.emplace_back();
+    Open& open = fOpen[fDepth++];
+    open.fElement = static_cast<XmlTree::Element>(fTree.fElements.size());
+    open.fTextPlace = fTree.fArena.size();
+    open.fHeldText.clear();
+    fTree.fElements.push_back(node);
+    return true;
+}
+
+bool XmlTreeBuilder::AddAttribute(std::u16string_view name, std::u16string_view value)
+{
+    XmlTree::Attribute attribute{0, {fTree.fArena.size(), 0}};
+    if (!Intern(name, attribute.fName) || !AppendWhole(value, fTree.fArena)) return false;
+    attribute.fValue.fSize = fTree.fArena.size() - attribute.fValue.fPlace;
+    fTree.fAttributes.push_back(attribute);
+    fOpen[fDepth - 1].fTextPlace = fTree.fArena.size();
+    return true;
+}
+
+bool XmlTreeBuilder::AddText(std::u16string_view piece)
+{
+    if (fDepth == 0) return true;
+    return fTextConversion.Append(piece, fTree.fArena) || Refuse(kLoneSurrogate);
+}
+
+bool XmlTreeBuilder::EndElement()
+{
+    if (!fTextConversion.IsWhole()) return Refuse(kLoneSurrogate);
+    Open& open = fOpen[--fDepth];
+    if (!open.fHeldText.empty()) {
+        HoldText(open);
+        fTree.fArena += open.fHeldText;
+    }
+    XmlTree::Node& node = fTree.fElements[open.fElement];
+    node.fText = {open.fTextPlace, fTree.fArena.size() - open.fTextPlace};
+    node.fEnd = static_cast<XmlTree::Element>(fTree.fElements.size());
+    if (fDepth > 0) fOpen[fDepth - 1].fTextPlace = fTree.fArena.size();
+    return true;
+}
+
+bool XmlTreeBuilder::Intern(std::u16string_view name, XmlTree::Name& number)
+{
+    const auto known = fNameNumbers.find(name);
+    if (known != fNameNumbers.end()) {
+        number = known->second;
+        return true;
+    }
+    std::string text;
+    if (!AppendWhole(name, text)) return false;
+    number = static_cast<XmlTree::Name>(fTree.fNames.size());
+    fTree.fNames.push_back(std::move(text));
+    fTree.fNameNumbers.emplace(fTree.fNames.back(), number);
+    fNameNumbers.emplace(name, number);
+    return true;
+}
+
+bool XmlTreeBuilder::AppendWhole(std::u16string_view text, std::string& out)
+{
+    Utf8FromUtf16 conversion;
+    return (conversion.Append(text, out) && conversion.IsWhole()) || Refuse(kLoneSurrogate);
+}
+
+void XmlTreeBuilder::HoldText(Open& open)
+{
+    open.fHeldText.append(fTree.fArena, open.fTextPlace, std::string::npos);
+    fTree.fArena.resize(open.fTextPlace);
+}
+
+bool XmlTreeBuilder::Refuse(const char* reason)
+{
+    fRefusal = reason;
+    return false;
+}
+
+}  // namespace refhost

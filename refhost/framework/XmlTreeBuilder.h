@@ -1,0 +1,62 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "refhost/framework/Utf8FromUtf16.h"
+#include "refhost/framework/XmlTree.h"
+
+namespace refhost {
+
+/// Gathers the events of a parse into a tree. False: the text is no well-formed UTF-16, or the
+/// document nests too deep, as `GetRefusal` says; the tree is then of no use.
+class XmlTreeBuilder {
+public:
+    /// The root is level 1.
+    static constexpr std::size_t kDeepestLevel = 1000;
+
+    /// `documentSize`: bytes of the whole document, about what its texts will need.
+    explicit XmlTreeBuilder(std::size_t documentSize);
+
+    bool StartElement(std::u16string_view name);
+    bool AddAttribute(std::u16string_view name, std::u16string_view value);
+    bool AddText(std::u16string_view piece);
+    bool EndElement();
+
+    const char* GetRefusal() const { return fRefusal; }
+
+    XmlTree Take() { return std::move(fTree); }
+
+private:
+    /// An element whose end has not come. Its text grows at the end of the arena; when a child
+    /// begins there, what has come so far is held here.
+    struct Open {
+        XmlTree::Element fElement = 0;
+        std::size_t fTextPlace = 0;
+        std::string fHeldText;
+    };
+
+    bool Intern(std::u16string_view name, XmlTree::Name& number);
+    bool AppendWhole(std::u16string_view text, std::string& out);
+    void HoldText(Open& open);
+    bool Refuse(const char* reason);
+
+    XmlTree fTree;
+    std::vector<Open> fOpen;  // kept at its deepest, so that the held texts keep their memory
+    std::size_t fDepth = 0;
+    Utf8FromUtf16 fTextConversion;
+    const char* fRefusal = "";
+
+    struct Hash {
+        using is_transparent = void;
+        std::size_t operator()(std::u16string_view text) const
+        {
+            return std::hash<std::u16string_view>()(text);
+        }
+    };
+    std::unordered_map<std::u16string, XmlTree::Name, Hash, std::equal_to<>> fNameNumbers;
+};
+
+}  // namespace refhost
