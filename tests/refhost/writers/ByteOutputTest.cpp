@@ -1,0 +1,87 @@
+#include "refhost/writers/ByteOutput.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <sstream>
+
+#include "refhost/document/WriteFailure.h"
+#include "refhost/writers/WellFormed.h"
+
+namespace refhost {
+namespace {
+
+/// The text of the failure; empty where none came.
+template <class Work>
+std::string FailureOf(Work work)
+{
+    try {
+        work();
+    } catch (const WriteFailure& failure) {
+        return failure.what();
+    }
+    return "";
+}
+
+TEST(ByteOutput, WritesEverythingOnce)
+{
+    const std::string file = testing::TempDir() + "byte_output.bin";
+    std::string expected;
+    {
+        ByteOutput output(file);
+        for (int piece = 0; piece < 30'000; ++piece) {
+            output.Write("piece ");
+            output.Put('\n');
+            expected += "piece \n";
+        }
+        const std::string large(300'000, 'x');
+        output.Write(large);
+        expected += large;
+        output.Close();
+    }
+    std::stringstream written;
+    written << std::ifstream(file, std::ios::binary).rdbuf();
+    EXPECT_TRUE(written.str() == expected);
+    EXPECT_EQ(std::remove(file.c_str()), 0);
+}
+
+TEST(ByteOutput, TellsWhyItCannotWrite)
+{
+    EXPECT_EQ(FailureOf([] {
+                  ByteOutput output("/dev/full");
+                  output.Write("text");
+                  output.Close();
+              }),
+              "can't write /dev/full: No space left on device");
+    EXPECT_EQ(FailureOf([] { const ByteOutput output("/nowhere/at/all"); }),
+              "can't write /nowhere/at/all: No such file or directory");
+}
+
+TEST(WellFormed, ReplacesWhatIsNoCharacter)
+{
+    struct Row {
+        std::string text;
+        const char* sound;
+        const char* why;
+    };
+    const Row rows[] = {
+        {"a\u00e9\u20ac\U0001F600", "a\u00e9\u20ac\U0001F600", "one to four bytes"},
+        {"a\xff"
+         "b",
+         "a\uFFFDb", "never a byte of UTF-8"},
+        {"\x80", "\uFFFD", "a byte that only continues"},
+        {"\xe2\x82", "\uFFFD", "cut off at the end"},
+        {"\xe2\x82z", "\uFFFDz", "cut off by a letter"},
+        {"\xc0\xaf", "\uFFFD\uFFFD", "overlong"},
+        {"\xed\xa0\x80", "\uFFFD\uFFFD\uFFFD", "a surrogate"},
+        {"\xf4\x90\x80\x80", "\uFFFD\uFFFD\uFFFD\uFFFD", "beyond Unicode"},
+    };
+    std::string scratch;
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.why);
+        EXPECT_EQ(WellFormed(row.text, scratch), row.sound);
+    }
+}
+
+}  // namespace
+}  // namespace refhost
