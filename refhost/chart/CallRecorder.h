@@ -13,6 +13,7 @@
 
 namespace refhost {
 
+inline ChartArgument Argument(const ChartArgument& argument) { return argument; }
 inline ChartArgument Argument(bool value) { return value; }
 inline ChartArgument Argument(double value) { return value; }
 inline ChartArgument Argument(int value) { return std::int64_t{value}; }

@@ -24,6 +24,13 @@ std::string IdOf(const CTObject* object)
     return face ? face->Id() : std::string();
 }
 
+/// How an object stands in the record.
+ChartArgument Reference(const CTObject* object)
+{
+    std::string id = IdOf(object);
+    return id.empty() ? ChartArgument() : ChartArgument(std::move(id));
+}
+
 /// What the faces of all classes share: the record, its id, and the record of calls.
 template <class Interface, class Record>
 class Face : public Interface, public Referable {
@@ -108,9 +115,8 @@ public:
 
     void setTarget(const CTFrame* target) override
     {
-        const std::string id = IdOf(target);
-        Call("setTarget", id);
-        fRecord.fTarget = id;
+        Call("setTarget", Reference(target));
+        fRecord.fTarget = IdOf(target);
     }
 
     void setSpecifiedByUser(bool specified) override
@@ -141,8 +147,8 @@ public:
 
     void setStyle(const ViZStyle* style) override
     {
+        Call("setStyle", Reference(style));
         fRecord.fStyle = IdOf(style);
-        Call("setStyle", fRecord.fStyle);
     }
 
     ViZText* addText() override
@@ -186,8 +192,8 @@ public:
 
     void setStyle(const ViZStyle* style) override
     {
+        Call("setStyle", Reference(style));
         fRecord.fStyle = IdOf(style);
-        Call("setStyle", fRecord.fStyle);
     }
 };
 
@@ -238,8 +244,8 @@ public:
 
     void setVariable(const CTVariable* variable) override
     {
+        this->Call("setVariable", Reference(variable));
         this->fRecord.fVariable = IdOf(variable);
-        this->Call("setVariable", this->fRecord.fVariable);
     }
 };
 
@@ -284,9 +290,8 @@ public:
 
     void addLegendTarget(const char16_t* id, const ViZColor* target) override
     {
-        const std::string targetId = IdOf(target);
-        Call("addLegendTarget", id, targetId);
-        fRecord.fTargets.push_back({ToUtf8(id), targetId});
+        Call("addLegendTarget", id, Reference(target));
+        fRecord.fTargets.push_back({ToUtf8(id), IdOf(target)});
     }
 };
 
@@ -304,8 +309,8 @@ public:
 
     void setLegend1(const ViZLegend* legend) override
     {
+        Call("setLegend1", Reference(legend));
         const std::string id = IdOf(legend);
-        Call("setLegend1", id);
         fRecord.fLegends.assign(id.empty() ? 0 : 1, id);
     }
 };

@@ -1,5 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <utility>
+#include <vector>
+
 #include "TemplateText.h"
 #include "refhost/template/ReadTemplate.h"
 
@@ -41,6 +45,56 @@ constexpr Edit kEdits[] = {
 };
 // clang-format on
 
+struct Columns {
+    const char* fTemplate;
+    const char* fSource;
+    std::vector<std::pair<const char*, const char*>> fVariables;  ///< id, column
+};
+
+/// What views fill, and the names by which they ask for it.
+const Columns kColumns[] = {
+    {"NPARHistogram", "graphSource", {{"value", "value"}, {"count", "count"}}},
+    {"NPARStackedBar",
+     "graphSource",
+     {{"categories", "categories"}, {"type", "type"}, {"value", "value"}, {"tooltip", "tooltip"}}},
+    {"NPARChiSquareTest",
+     "graphSource",
+     {{"Category", "Category"},
+      {"Frequency", "Frequency"},
+      {"Observed", "Observed"},
+      {"Hypothesized", "Hypothesized"},
+      {"Type", "Type"},
+      {"Residual", "Residual"}}},
+    {"NPARBoxplot",
+     "boxplotSource",
+     {{"Value", "Value"}, {"Label", "Label"}, {"Category", "Category"}, {"Tooltips", "Tooltips"}}},
+    {"NPARRelatedSamplesHistogram",
+     "graphSource",
+     {{"counts", "COUNTS"}, {"means", "MEANS"}, {"labelname", "LABELNAME"}, {"types", "TYPES"}}},
+    {"NPARKolmogorovSmirnov",
+     "graphSource",
+     {{"counts", "COUNTS"}, {"means", "MEANS"}, {"labelname", "LABELNAME"}, {"types", "TYPES"}}},
+    {"NPARWilcoxonPairSignedRank", "graphSource", {{"count", "count"}, {"value", "value"}}},
+    {"FacetBarChart",
+     "graphSource",
+     {{"celltext", "CellText"},
+      {"Column", "Column"},
+      {"Row", "Row"},
+      {"category", "Category"},
+      {"cellvalue", "CellValue"},
+      {"observed", "ObservedTooltip"},
+      {"hypothesized", "HypothesizedTooltip"}}},
+    {"GLMMPairwiseContrasts", "nodeSource_1", {{"node", "node"}}},
+    {"GLMMPairwiseContrasts",
+     "edgeSource_1",
+     {{"from", "from"},
+      {"to", "to"},
+      {"weight", "weight"},
+      {"weightInPopup", "weightInPopup"},
+      {"type", "type"},
+      {"tooltip", "tooltip"}}},
+};
+
 /// What a view erases from a text: an opening through the end of a closing.
 std::string Erased(std::string text, std::string_view opening, std::string_view closing)
 {
@@ -70,6 +124,71 @@ TEST(TemplateEdits, FindTheirMarkersAndThePlaceholdersOfFixedWidth)
         ASSERT_NE(at, std::string::npos);
         const std::string_view behind = edit.fFirstBehind;
         EXPECT_EQ(text.substr(at + std::string_view(edit.fMarker).size(), behind.size()), behind);
+    }
+}
+
+TEST(TemplateEdits, TheDataOfAViewHaveTheirVariables)
+{
+    for (const Columns& columns : kColumns) {
+        const auto tree = Read(TemplateText(columns.fTemplate));
+        for (const auto& [id, column] : columns.fVariables) {
+            SCOPED_TRACE(std::string(columns.fTemplate) + ": " + id);
+            const auto* const variable = tree.FindSourceVariable(id);
+            ASSERT_TRUE(variable);
+            EXPECT_EQ(variable->fSource, columns.fSource);
+            EXPECT_EQ(variable->fColumn, column);
+        }
+    }
+    const auto pair = Read(TemplateText("NPARWilcoxonPairSignedRank"));
+    const auto* const sign = pair.FindDerivedVariable("type");
+    ASSERT_TRUE(sign);
+    EXPECT_EQ(sign->fCases[0].fValue, "0positive");
+    EXPECT_EQ(sign->fCases[1].fValue, "1negative");
+}
+
+/// Every id to which a template refers is there.
+TEST(TemplateEdits, TemplatesReferToWhatTheyHold)
+{
+    for (const Columns& columns : kColumns) {
+        SCOPED_TRACE(columns.fTemplate);
+        const auto tree = Read(TemplateText(columns.fTemplate));
+        const auto& graph = tree.fGraphs.front();
+        const auto isVariable = [&](const std::string& id) {
+            return tree.FindSourceVariable(id) || tree.FindDerivedVariable(id);
+        };
+        std::vector<std::string> elements;
+        std::vector<std::string> colors;
+        for (const auto& element : graph.fElements) {
+            elements.push_back(element.fId);
+            EXPECT_TRUE(element.fStyle.empty() || tree.FindStyle(element.fStyle)) << element.fId;
+            for (const auto& position : {element.fX, element.fY}) {
+                EXPECT_TRUE(!position || isVariable(position->fVariable)) << element.fId;
+            }
+            for (const auto& color : element.fColors) {
+                colors.push_back(color.fId);
+                EXPECT_TRUE(isVariable(color.fVariable)) << color.fVariable;
+            }
+            for (const auto& labeling : element.fLabelings) {
+                EXPECT_TRUE(isVariable(labeling.fVariable)) << labeling.fVariable;
+            }
+        }
+        for (const auto& popup : tree.fPopups) {
+            EXPECT_NE(std::find(elements.begin(), elements.end(), popup.fTarget), elements.end());
+            for (const auto& mapping : popup.fMappings) {
+                EXPECT_TRUE(isVariable(mapping.fVariable)) << mapping.fVariable;
+            }
+        }
+        for (const auto& legend : tree.fLegends) {
+            EXPECT_NE(std::find(colors.begin(), colors.end(), legend.fTargets.front().fTarget),
+                      colors.end());
+        }
+        for (const auto& order : tree.fOrders)
+            EXPECT_TRUE(isVariable(order.fVariable));
+        for (const auto& facet : graph.fFacets)
+            EXPECT_TRUE(isVariable(facet.fVariable));
+        for (const auto& axis : graph.fAxes) {
+            EXPECT_TRUE(axis.fStyle.empty() || tree.FindStyle(axis.fStyle)) << axis.fStyle;
+        }
     }
 }
 
