@@ -1,0 +1,203 @@
+#include "refhost/job/JobFile.h"
+
+#include <filesystem>
+#include <fstream>
+#include <optional>
+#include <sstream>
+#include <string_view>
+
+#include <fmt/format.h>
+
+#include "refhost/job/CheckedJson.h"
+
+#include "refhost/command/CommandData.h"
+#include "refhost/data/Calendar.h"
+#include "refhost/data/DateFormats.h"
+#include "refhost/data/MissingValue.h"
+#include "refhost/data/ValueText.h"
+#include "refhost/data/VariableData.h"
+
+#include "host/data/QORT_Variable.h"
+
+namespace refhost {
+
+namespace {
+
+using rapidjson::Value;
+
+constexpr QORT_Format kDefaultNumberFormat = {8, 5, 2};
+constexpr QORT_Format kDefaultStringFormat = {8, 1, 0};
+
+std::string TextOf(const Value& value) { return {value.GetString(), value.GetStringLength()}; }
+
+/// A text, or a list of texts.
+std::vector<std::string> TextsOf(const Value& value)
+{
+    if (value.IsString()) return {TextOf(value)};
+    std::vector<std::string> texts;
+    for (const Value& text : value.GetArray())
+        texts.push_back(TextOf(text));
+    return texts;
+}
+
+const Value* Member(const Value& object, const char* key)
+{
+    const auto found = object.FindMember(key);
+    return found == object.MemberEnd() ? nullptr : &found->value;
+}
+
+/// Reads what a checked text says. `fName` is what errors call the job.
+class JobReading {
+public:
+    JobReading(const std::string& name, const std::string& folder) : fName(name), fFolder(folder) {}
+
+    Job Read(const Value& root)
+    {
+        Job job;
+        if (const Value* title = Member(root, "title")) job.fTitle = TextOf(*title);
+        job.fDataSource = ReadVariables(root["variables"]);
+        fSource = job.fDataSource.get();
+        job.fCommand = ReadCommand(Member(root, "command"));
+        const Value* extra = Member(root, "extraVariable");
+        if (extra && extra->IsString()) job.fExtraVariable = IndexOf(*extra, "/extraVariable");
+        job.fExtraVariables = ReadNames(Member(root, "extraVariables"), "/extraVariables");
+        for (const Value& split : root["splits"].GetArray())
+            job.fSplits.push_back(ReadSplit(split, fmt::format("/splits/{}", job.fSplits.size())));
+        return job;
+    }
+
+private:
+    [[noreturn]] void Fail(const std::string& place, const std::string& reason) const
+    {
+        throw JobError(fmt::format("{}: {}: {}", fName, place, reason));
+    }
+
+    int IndexOf(const Value& name, const std::string& place) const
+    {
+        const int index = fSource->FindVarIndex(name.GetString(), 0);
+        if (index < 0) Fail(place, fmt::format("there is no variable \"{}\"", name.GetString()));
+        return index;
+    }
+
+    std::vector<int> ReadNames(const Value* names, const std::string& place) const
+    {
+        std::vector<int> indices;
+        if (!names) return indices;
+        for (const Value& name : names->GetArray())
+            indices.push_back(IndexOf(name, fmt::format("{}/{}", place, indices.size())));
+        return indices;
+    }
+
+    std::unique_ptr<ProcedureDataSource> ReadVariables(const Value& list) const
+    {
+        std::vector<VariableData> variables;
+        for (const Value& item : list.GetArray())
+            variables.push_back(ReadVariable(item, fmt::format("/variables/{}", variables.size())));
+        return MakeDataSource(std::move(variables));
+    }
+
+    VariableData ReadVariable(const Value& item, const std::string& place) const
+    {
+        VariableData variable;
+        variable.fName = TextOf(item["name"]);
+        if (const Value* label = Member(item, "label")) variable.fLabel = TextOf(*label);
+        variable.fIsString = item["type"] == "string";
+        variable.fFormat = variable.fIsString ? kDefaultStringFormat : kDefaultNumberFormat;
+        if (const Value* format = Member(item, "format")) variable.fFormat = ReadFormat(*format);
+        const Value* labels = Member(item, "valueLabels");
+        if (!labels) return variable;
+        for (const Value& entry : labels->GetArray()) {
+            const std::string entryPlace =
+                fmt::format("{}/valueLabels/{}/value", place, variable.fValueLabels.size());
+            variable.fValueLabels.push_back(
+                {ReadValue(entry["value"], variable.fIsString, variable.fFormat, entryPlace),
+                 TextOf(entry["label"])});
+        }
+        return variable;
+    }
+
+    static QORT_Format ReadFormat(const Value& format)
+    {
+        return {static_cast<std::uint16_t>(format["width"].GetUint()),
+                static_cast<std::uint8_t>(format["type"].GetUint()),
+                static_cast<std::uint8_t>(format["decimals"].GetUint())};
+    }
+
+    /// Null is the missing number; a date may be a text.
+    OBS ReadValue(const Value& value, bool isString, const QORT_Format& format,
+                  const std::string& place) const
+    {
+        if (isString) {
+            if (!value.IsString()) Fail(place, "a string variable has texts");
+            return OBS(PaddedText(TextOf(value), format));
+        }
+        if (value.IsNull()) return OBS(kMissingValue);
+        if (value.IsNumber()) return OBS(value.GetDouble());
+        const DateFormatRow* date = FindDateFormat(format.fType);
+        if (!date || date->fLayout == DateLayout::Duration)
+            Fail(place, "a numeric variable has numbers");
+        const std::optional<double> seconds = ParseIsoDate(TextOf(value));
+        if (!seconds) Fail(place, fmt::format("\"{}\" is no date", value.GetString()));
+        return OBS(DocumentNumber(*seconds, date->fLayout));
+    }
+
+    std::unique_ptr<CommandSpec> ReadCommand(const Value* command) const
+    {
+        std::vector<SubcommandData> subcommands;
+        if (!command) return MakeCommand(subcommands);
+        for (const auto& [name, parameters] : command->GetObject()) {
+            SubcommandData& subcommand = subcommands.emplace_back();
+            subcommand.fName = TextOf(name);
+            for (const auto& [parameter, names] : parameters.GetObject())
+                subcommand.fParameters.push_back({TextOf(parameter), TextsOf(names)});
+        }
+        return MakeCommand(subcommands);
+    }
+
+    JobSplit ReadSplit(const Value& item, const std::string& place) const
+    {
+        JobSplit split;
+        const std::filesystem::path document = TextOf(item["document"]);
+        split.fDocument = (std::filesystem::path(fFolder) / document).string();
+        split.fVariables = ReadNames(Member(item, "variables"), place + "/variables");
+        if (const Value* asHeading = Member(item, "asHeading"))
+            split.fAsHeading = asHeading->GetBool();
+        const Value* values = Member(item, "values");
+        const std::size_t count = values ? values->Size() : 0;
+        if (count != split.fVariables.size())
+            Fail(place, fmt::format("{} values stand beside {} variables", count,
+                                    split.fVariables.size()));
+        for (const int index : split.fVariables) {
+            const QORT_Variable& variable = *fSource->GetVariable(index);
+            const auto position = static_cast<rapidjson::SizeType>(split.fValues.size());
+            split.fValues.push_back(ReadValue((*values)[position], variable.GetType() != 0,
+                                              variable.GetFormat(),
+                                              fmt::format("{}/values/{}", place, position)));
+        }
+        return split;
+    }
+
+    const std::string& fName;
+    const std::string& fFolder;
+    const QORT_DataSource* fSource = nullptr;
+};
+
+}  // namespace
+
+Job ReadJobFile(const std::string& file)
+{
+    std::ifstream stream(file, std::ios::binary);
+    std::ostringstream text;
+    if (!stream || std::filesystem::is_directory(file))
+        throw JobError(fmt::format("{}: the job file can't be read", file));
+    text << stream.rdbuf();
+    return ReadJobText(text.str(), file, std::filesystem::path(file).parent_path().string());
+}
+
+Job ReadJobText(const std::string& text, const std::string& name, const std::string& folder)
+{
+    const rapidjson::Document document = ParseJob(text, name);
+    return JobReading(name, folder).Read(document);
+}
+
+}  // namespace refhost

@@ -1,0 +1,80 @@
+#include "refhost/writers/ChartFiles.h"
+
+#include <filesystem>
+#include <string_view>
+
+#include <fmt/format.h>
+
+#include "refhost/document/WriteFailure.h"
+#include "refhost/plot/ResolveChart.h"
+#include "refhost/plot/ResolvedChart.h"
+#include "refhost/vega/VegaLiteWriter.h"
+#include "refhost/writers/ByteOutput.h"
+
+namespace refhost {
+
+namespace {
+
+constexpr std::size_t kLongestName = 60;
+
+/// Lower-case letters and digits of a title, parted by hyphens; other characters are no part of a
+/// file's name.
+std::string NamePart(std::string_view title)
+{
+    std::string name;
+    for (const char character : title.substr(0, kLongestName)) {
+        const bool isUpper = character >= 'A' && character <= 'Z';
+        const bool isLower = character >= 'a' && character <= 'z';
+        const bool isDigit = character >= '0' && character <= '9';
+        if (isUpper)
+            name += static_cast<char>(character - 'A' + 'a');
+        else if (isLower || isDigit)
+            name += character;
+        else if (!name.empty() && name.back() != '-')
+            name += '-';
+    }
+    while (name.ends_with('-')) name.pop_back();
+    return name.empty() ? "chart" : name;
+}
+
+}  // namespace
+
+ChartFiles::ChartFiles(const std::string& folder, std::unique_ptr<OutputSink> next)
+    : fFolder(folder), fNext(std::move(next))
+{
+    std::error_code error;
+    std::filesystem::create_directories(folder, error);
+    if (error) throw WriteFailure(fmt::format("{} can't be made: {}", folder, error.message()));
+}
+
+void ChartFiles::Begin(const RunStart& start) { fNext->Begin(start); }
+
+void ChartFiles::Node(OutputNodePtr node)
+{
+    WriteCharts(*node);
+    fNext->Node(std::move(node));
+}
+
+void ChartFiles::End(const RunEnd& end) { fNext->End(end); }
+
+void ChartFiles::WriteCharts(const OutputNode& node)
+{
+    if (const auto* heading = std::get_if<HeadingNode>(&node.fContent))
+        for (const OutputNodePtr& child : heading->fChildren) WriteCharts(*child);
+    else if (const auto* chart = std::get_if<ChartNode>(&node.fContent))
+        WriteChart(*chart);
+}
+
+void ChartFiles::WriteChart(const ChartNode& chart)
+{
+    ++fCharts;
+    const std::unique_ptr<ResolvedChart> resolved = ResolveChart(chart);
+    if (!resolved) return;
+    const std::string name = fmt::format("{:03}-{}.vl.json", fCharts, NamePart(chart.fTitle));
+    ByteOutput output((std::filesystem::path(fFolder) / name).string());
+    output.Write(VegaLiteFile(*resolved));
+    output.Put('\n');
+    output.Close();
+}
+
+}  // namespace refhost

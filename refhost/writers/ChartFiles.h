@@ -1,0 +1,30 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "refhost/document/OutputSink.h"
+
+namespace refhost {
+
+/// Writes each chart of a run into a folder as a document of its own, and hands all nodes on. A
+/// file is named after the chart's number and title.
+class ChartFiles : public OutputSink {
+public:
+    /// Makes the folder where it is not there; throws `WriteFailure` where it can't.
+    ChartFiles(const std::string& folder, std::unique_ptr<OutputSink> next);
+
+    void Begin(const RunStart& start) override;
+    void Node(OutputNodePtr node) override;
+    void End(const RunEnd& end) override;
+
+private:
+    void WriteCharts(const OutputNode& node);
+    void WriteChart(const ChartNode& chart);
+
+    std::string fFolder;
+    std::unique_ptr<OutputSink> fNext;
+    std::size_t fCharts = 0;
+};
+
+}  // namespace refhost
