@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "refhost/data/VariableData.h"
@@ -36,6 +37,9 @@ public:
     BpProcedure& Procedure() { return *fProcedure; }
     const QORT_DataSource& Source() const { return *fSource; }
     const std::vector<refhost::OutputNodePtr>& Nodes() const { return fKept.fNodes; }
+
+    /// Hands over what was written up to now.
+    std::vector<refhost::OutputNodePtr> TakeNodes() { return std::exchange(fKept.fNodes, {}); }
 
     /// The table at a place of the top; an empty one where none stands there.
     const refhost::TableNode& Table(std::size_t place = 0) const
