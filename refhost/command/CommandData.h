@@ -1,17 +1,24 @@
 #pragma once
 
-#include <map>
 #include <memory>
 #include <string>
 #include <vector>
 
-class CommandSpec;
+#include "host/command/CommandSpec.h"
 
 namespace refhost {
 
-/// What a parsed command holds: subcommand, parameter, the names that it lists.
-using CommandData = std::map<std::string, std::map<std::string, std::vector<std::string>>>;
+struct ParameterData {
+    std::string fName;
+    std::vector<std::string> fVariables;
+};
 
-std::unique_ptr<CommandSpec> MakeCommand(const CommandData& data);
+struct SubcommandData {
+    std::string fName;
+    std::vector<ParameterData> fParameters;
+};
+
+/// A parsed command. Of two subcommands or parameters of one name, the first counts.
+std::unique_ptr<CommandSpec> MakeCommand(const std::vector<SubcommandData>& subcommands);
 
 }  // namespace refhost

@@ -1,33 +1,32 @@
 #include "host/command/VarSpecObj.h"
 
+#include <utility>
+
 #include "host/command/CommandSpec.h"
 #include "host/data/QORT_DataSource.h"
 
 class VarSpecObj::Impl {
 public:
+    explicit Impl(const QORT_DataSource* dataSource) : fDataSource(dataSource) {}
+
     const QORT_DataSource* fDataSource;
     std::vector<int> fValid;
 };
 
-/// The reference host's commands are parsed by the time they come here, so what remains of the
-/// parser's knowledge is the data source.
-VarSpecObj::VarSpecObj(const char* /*parameter*/, const char* /*subcommand*/,
-                       const CommandDescriptor& /*descriptor*/, const QORT_DataSource* dataSource,
-                       bool /*allowNew*/)
-    : fImpl(std::make_unique<Impl>(Impl{dataSource, {}}))
+VarSpecObj::VarSpecObj(const char*, const char*, const CommandDescriptor&,
+                       const QORT_DataSource* dataSource, bool)
+    : fImpl(std::make_unique<Impl>(dataSource))
 {
 }
 
 VarSpecObj::~VarSpecObj() = default;
 
-/// Names that don't validate are never reported here.
-void VarSpecObj::SetErrorReport(bool /*report*/) {}
+// Names that don't validate are never reported by this host; its jobs may hold them.
+void VarSpecObj::SetErrorReport(bool) {}
 
-bool VarSpecObj::ValidateVariables(const std::vector<QortVarName>& names,
-                                   RepeatVarOptions /*repeats*/)
+bool VarSpecObj::ValidateVariables(const std::vector<QortVarName>& names, RepeatVarOptions)
 {
     std::vector<int> indices;
-    indices.reserve(names.size());
     for (const QortVarName& name : names) {
         const int index = ValidateVariable(name);
         if (index < 0) return false;
@@ -41,7 +40,5 @@ const std::vector<int>& VarSpecObj::GetValidVarList() const { return fImpl->fVal
 
 int VarSpecObj::ValidateVariable(const QortVarName& name)
 {
-    constexpr int kUnknown = -1;
-    if (!fImpl->fDataSource) return kUnknown;
-    return fImpl->fDataSource->FindVarIndex(name.GetName().c_str(), 0);
+    return fImpl->fDataSource ? fImpl->fDataSource->FindVarIndex(name.GetName().c_str(), 0) : -1;
 }
