@@ -131,7 +131,8 @@ struct ResolvedPlot {
     std::vector<ResolvedAxis> fAxes;
     std::vector<MarkLayer> fLayers;
     std::vector<std::string> fHeader;  ///< lines above the plot, the first one strong
-    std::string fSideHeader;           ///< beside the plot, turned
+    std::string fSideHeader;           ///< turned, left of the plot
+    bool fSideHeaderUpright = false;   ///< the side header stands right of the plot, not turned
 };
 
 struct LegendEntry {

@@ -14,7 +14,7 @@ namespace refhost {
 namespace {
 
 constexpr std::string_view kSchema = "https://vega.github.io/schema/vega-lite/v6.json";
-constexpr double kSideHeaderGap = 8.0;
+constexpr double kSideHeaderGap = 10.0;
 
 /// Lines that stand below the picture, in small italics.
 std::string LinesBelow(const ResolvedChart& chart, VegaTexts texts)
@@ -117,7 +117,8 @@ void WritePlot(JsonStream& json, const ResolvedChart& chart, const ResolvedPlot&
     json.BeginArray();
     WriteMarks(json, plot);
     if (!plot.fSideHeader.empty()) {
-        WriteSideHeader(json, plot, LeftStrip(plot) + kSideHeaderGap);
+        WriteSideHeader(json, plot,
+                        kSideHeaderGap + (plot.fSideHeaderUpright ? 0.0 : LeftStrip(plot)));
     }
     if (&plot == &chart.fPlots.front()) WriteLegends(json, chart.fLegends, labels);
     json.EndArray();

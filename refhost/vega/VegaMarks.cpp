@@ -266,8 +266,9 @@ void WriteMarks(JsonStream& json, const ResolvedPlot& plot)
     }
 }
 
-void WriteSideHeader(JsonStream& json, const ResolvedPlot& plot, double right)
+void WriteSideHeader(JsonStream& json, const ResolvedPlot& plot, double strip)
 {
+    const bool isUpright = plot.fSideHeaderUpright;
     json.BeginObject();
     json.Key("data");
     json.BeginObject();
@@ -282,17 +283,18 @@ void WriteSideHeader(JsonStream& json, const ResolvedPlot& plot, double right)
     json.Key("mark");
     json.BeginObject();
     json.Member("type", "text");
-    json.Member("angle", 270);
-    json.Member("align", "center");
-    json.Member("baseline", "bottom");
+    if (!isUpright) json.Member("angle", 270);
+    json.Member("align", isUpright ? "left" : "center");
+    json.Member("baseline", isUpright ? "middle" : "bottom");
     json.Member("fontSize", 12);
+    json.Member("lineHeight", 16);
     json.Member("fontWeight", 600);
-    json.Member("limit", plot.fHeight);
+    if (!isUpright) json.Member("limit", plot.fHeight);
     WriteColorMember(json, "fill", {Paint::Ink, {}});
     json.EndObject();
     json.Key("encoding");
     json.BeginObject();
-    WritePixel(json, "x", -right);
+    WritePixel(json, "x", isUpright ? plot.fWidth + strip : -strip);
     WritePixel(json, "y", plot.fHeight / 2);
     WriteField(json, "text", "text", "nominal");
     json.EndObject();

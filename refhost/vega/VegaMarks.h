@@ -9,7 +9,7 @@ class JsonStream;
 /// The marks of a plot as entries of "layer", in drawing order.
 void WriteMarks(JsonStream& json, const ResolvedPlot& plot);
 
-/// A text that stands turned beside the plot, its foot at the place `right` pixels from its left.
-void WriteSideHeader(JsonStream& json, const ResolvedPlot& plot, double right);
+/// The side header, so many pixels away from the plot.
+void WriteSideHeader(JsonStream& json, const ResolvedPlot& plot, double strip);
 
 }  // namespace refhost

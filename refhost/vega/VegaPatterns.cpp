@@ -1,5 +1,7 @@
 #include "refhost/vega/VegaPatterns.h"
 
+#include "refhost/plot/PlotScales.h"
+
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
@@ -38,25 +40,6 @@ const PatternRow& RowOf(FillPattern pattern)
     }
     return kPatterns[0];
 }
-
-/// Pixels to places on a scale and back.
-struct PixelScale {
-    const ResolvedScale& fScale;
-    double fLength;
-    bool fDownwards;  ///< pixels of y count from the top
-
-    bool Turned() const { return fDownwards != fScale.fReversed; }
-    double ToPixel(double at) const
-    {
-        const double part = (at - fScale.fMin) / (fScale.fMax - fScale.fMin);
-        return fLength * (Turned() ? 1.0 - part : part);
-    }
-    double ToPlace(double pixel) const
-    {
-        const double part = pixel / fLength;
-        return fScale.fMin + (fScale.fMax - fScale.fMin) * (Turned() ? 1.0 - part : part);
-    }
-};
 
 struct PixelRect {
     double fLeft, fTop, fRight, fBottom;
@@ -121,12 +104,16 @@ MarkLayer PatternMarks(const MarkLayer& rects, const ResolvedPlot& plot)
     layer.fStyle.fStroke = {Paint::Ground, {}};
     layer.fStyle.fStrokeWidth = 1.6;
 
-    const PixelScale x{plot.fX, plot.fWidth, /*fDownwards=*/false};
-    const PixelScale y{plot.fY, plot.fHeight, /*fDownwards=*/true};
+    const auto pixelX = [&plot](double place) {
+        return PixelAt(plot.fX, plot.fWidth, /*downwards=*/false, place);
+    };
+    const auto pixelY = [&plot](double place) {
+        return PixelAt(plot.fY, plot.fHeight, /*downwards=*/true, place);
+    };
     std::vector<Segment> lines;
     for (const ResolvedMark& rect : rects.fMarks) {
-        const auto [left, right] = std::minmax({x.ToPixel(rect.fX), x.ToPixel(rect.fX2)});
-        const auto [top, bottom] = std::minmax({y.ToPixel(rect.fY), y.ToPixel(rect.fY2)});
+        const auto [left, right] = std::minmax({pixelX(rect.fX), pixelX(rect.fX2)});
+        const auto [top, bottom] = std::minmax({pixelY(rect.fY), pixelY(rect.fY2)});
         const PixelRect area{left, top, right, bottom};
         if (!std::isfinite(left + right + top + bottom)) continue;
         if (pattern.fRising) AddSlanted(lines, area, /*rising=*/true);
@@ -137,10 +124,10 @@ MarkLayer PatternMarks(const MarkLayer& rects, const ResolvedPlot& plot)
     }
     for (const Segment& line : lines) {
         ResolvedMark mark;
-        mark.fX = x.ToPlace(line.fX);
-        mark.fY = y.ToPlace(line.fY);
-        mark.fX2 = x.ToPlace(line.fX2);
-        mark.fY2 = y.ToPlace(line.fY2);
+        mark.fX = PlaceAt(plot.fX, plot.fWidth, /*downwards=*/false, line.fX);
+        mark.fY = PlaceAt(plot.fY, plot.fHeight, /*downwards=*/true, line.fY);
+        mark.fX2 = PlaceAt(plot.fX, plot.fWidth, /*downwards=*/false, line.fX2);
+        mark.fY2 = PlaceAt(plot.fY, plot.fHeight, /*downwards=*/true, line.fY2);
         layer.fMarks.push_back(mark);
     }
     return layer;

@@ -1,0 +1,290 @@
+#include "refhost/plot/PanelLayout.h"
+
+#include <algorithm>
+#include <cmath>
+#include <optional>
+
+#include "refhost/plot/TextWidth.h"
+
+namespace refhost {
+namespace {
+
+constexpr double kUnit = 240.0;  // pixels of the template's frame
+constexpr double kUsualWidth = 500.0;
+constexpr double kUsualHeight = 320.0;
+constexpr double kWidest = 4000.0;
+constexpr double kLabelFont = 11.0;
+constexpr double kHeaderFont = 12.0;
+constexpr double kHeaderLine = 16.0;
+constexpr double kHeaderGap = 10.0;
+constexpr double kTickGap = 8.0;
+constexpr double kTitleStrip = 24.0;
+constexpr double kLabelStrip = 20.0;
+constexpr double kLabelLimit = 150.0;
+constexpr double kSlantRise = 0.643;  // sine of the labels' angle
+constexpr double kMirrorGap = 14.0;
+constexpr double kPlotGap = 18.0;
+constexpr double kGridGap = 8.0;
+constexpr double kNarrowestPlot = 64.0;
+constexpr double kLowestPlot = 56.0;
+constexpr double kCategoryRoom = 16.0;  // the least for a slanted label
+constexpr double kLabelAir = 8.0;
+
+const tree::Axis* FindAxis(const ChartContext& context, tree::Dimension dimension,
+                           tree::AxisPlace place)
+{
+    for (const tree::Axis& axis : context.fGraph.fAxes) {
+        if (axis.fDimension == dimension && axis.fPlace == place) return &axis;
+    }
+    return nullptr;
+}
+
+/// Null where nothing of the axis shows.
+const tree::Axis* NearAxis(const ChartContext& context, tree::Dimension dimension)
+{
+    const tree::Axis* axis = FindAxis(context, dimension, tree::AxisPlace::Near);
+    return axis && IsVisible(context, axis->fStyle) ? axis : nullptr;
+}
+
+/// An axis without ticks bears no title but its own.
+std::string TitleOf(const tree::Axis& axis, const PlotDirection& direction)
+{
+    if (axis.fLabel) {
+        if (std::string shown = axis.fLabel->Shown(); !shown.empty()) return shown;
+    }
+    return axis.fTicks && direction.fVariable ? direction.fVariable->Title() : std::string();
+}
+
+double TitleStrip(const tree::Axis* axis, const PlotDirection& direction)
+{
+    if (!axis) return 0.0;
+    const std::string title = TitleOf(*axis, direction);
+    if (title.empty()) return 0.0;
+    return kTitleStrip + kHeaderLine * static_cast<double>(TextLines(title).size() - 1);
+}
+
+double WidestLabel(const std::vector<AxisTick>& ticks)
+{
+    double widest = 0.0;
+    for (const AxisTick& tick : ticks) {
+        widest = std::max(widest, TextBlockWidth(tick.fLabel, kLabelFont));
+    }
+    return std::min(widest, kLabelLimit);
+}
+
+double HeaderHeight(const std::vector<std::vector<std::string>>& headers)
+{
+    std::size_t lines = 0;
+    for (const auto& header : headers) {
+        lines = std::max(lines, header.size());
+    }
+    return lines == 0 ? 0.0 : kHeaderGap + kHeaderLine * static_cast<double>(lines);
+}
+
+double HeaderWidth(const std::vector<std::vector<std::string>>& headers)
+{
+    double width = 0.0;
+    for (const auto& header : headers) {
+        for (const std::string& line : header) {
+            width = std::max(width, std::min(TextWidth(line, kHeaderFont), 2 * kLabelLimit));
+        }
+    }
+    return width;
+}
+
+std::optional<double> GraphEdge(const ChartContext& context, ENUM_part part)
+{
+    std::optional<double> edge;
+    for (const tree::Location& location : context.fGraph.fLocations) {
+        if (location.fPart != part) continue;
+        if (location.fMethod && *location.fMethod != ENUM_method::Fixed) continue;
+        if (const auto fraction = tree::Fraction(location.fValue)) {
+            edge = std::clamp(*fraction, 0.0, 1.0);
+        }
+    }
+    return edge;
+}
+
+double Size(const std::optional<double>& units, double usual)
+{
+    if (!units || !std::isfinite(*units) || *units <= 0.0) return usual;
+    return std::clamp(*units * kUnit, 120.0, kWidest);
+}
+
+double RowGap(const PanelGrid& grid, const PanelLayout& layout, double titleStrip)
+{
+    if (grid.fRows == 1) return 0.0;
+    if (grid.fAlternates) return kMirrorGap;
+    if (!grid.fWraps) return kGridGap;
+    return layout.fBottomExtent + titleStrip + HeaderHeight(grid.fColumnHeaders) + kGridGap;
+}
+
+double ColumnGap(const PanelGrid& grid)
+{
+    if (grid.fColumns == 1) return 0.0;
+    if (grid.fAlternates) return kMirrorGap;
+    return grid.fRowFacet ? kGridGap : kPlotGap;
+}
+
+/// What a plot needs at least, whatever the picture's size: room for its categories and its header.
+double LeastWidth(const PanelGrid& grid, const PlotSpace& space)
+{
+    double least = grid.fPanels.size() > 1 ? kNarrowestPlot : 2 * kNarrowestPlot;
+    least = std::max(least, HeaderWidth(grid.fColumnHeaders) + kLabelAir - ColumnGap(grid));
+    if (space.fX.fKind == ScaleKind::Category && grid.fPanels.size() == 1) {
+        least = std::max(least, kCategoryRoom * static_cast<double>(space.fX.fCategories.Count()));
+    }
+    return least;
+}
+
+bool NeedsSlant(const PanelLayout& layout)
+{
+    if (layout.fX.fScale.fKind != ScaleKind::Category || layout.fX.fTicks.empty()) return false;
+    const double room = layout.fPlotWidth / static_cast<double>(layout.fX.fTicks.size());
+    return WidestLabel(layout.fX.fTicks) + kLabelAir > room;
+}
+
+AxisSide SideOf(const PanelGrid& grid, const Panel& panel, tree::Dimension dimension)
+{
+    const bool isUpright = dimension == tree::Dimension::Y;
+    if (!grid.fAlternates) return isUpright ? AxisSide::Left : AxisSide::Bottom;
+    if (isUpright) {
+        const bool isLast = grid.fColumns > 1 && panel.fColumn == grid.fColumns - 1;
+        return isLast ? AxisSide::Right : AxisSide::Left;
+    }
+    const bool isFirst = grid.fRows > 1 && panel.fRow == 0;
+    return isFirst ? AxisSide::Top : AxisSide::Bottom;
+}
+
+/// Inner plots of a row or column leave the axis to the outer ones.
+bool ShowsAxis(const PanelGrid& grid, const Panel& panel, tree::Dimension dimension)
+{
+    if (dimension == tree::Dimension::Y) {
+        const bool isLast = panel.fColumn == grid.fColumns - 1;
+        return panel.fColumn == 0 || (grid.fAlternates && isLast);
+    }
+    if (grid.fWraps) return true;
+    const bool isFirst = panel.fRow == 0;
+    return panel.fRow == grid.fRows - 1 || (grid.fAlternates && isFirst);
+}
+
+void AddAxis(const ChartContext& context, const PanelGrid& grid, const Panel& panel,
+             tree::Dimension dimension, const PlotSpace& space, const PanelLayout& layout,
+             ResolvedPlot& plot)
+{
+    const tree::Axis* axis = NearAxis(context, dimension);
+    if (!axis) return;
+    const bool isUpright = dimension == tree::Dimension::Y;
+    const bool shows = ShowsAxis(grid, panel, dimension);
+    if (!shows && !axis->fGrid) return;
+    ResolvedAxis resolved;
+    resolved.fSide = SideOf(grid, panel, dimension);
+    const bool isFar = resolved.fSide == AxisSide::Right || resolved.fSide == AxisSide::Top;
+    const tree::Axis* far = FindAxis(context, dimension, tree::AxisPlace::Far);
+    const tree::Axis& titled = isFar && far ? *far : *axis;
+    if (shows) resolved.fTitle = TitleOf(titled, space.Of(dimension));
+    if (!isUpright && grid.fColumns > 2 && panel.fColumn > 0 &&
+        TextBlockWidth(resolved.fTitle, kHeaderFont) > layout.fPlotWidth + layout.fColumnSpacing) {
+        resolved.fTitle.clear();
+    }
+    resolved.fTicks = isUpright ? layout.fY.fTicks : layout.fX.fTicks;
+    resolved.fGrid = axis->fGrid;
+    resolved.fLabels = shows && axis->fTicks;
+    resolved.fSlanted = !isUpright && layout.fSlanted && resolved.fLabels;
+    resolved.fExtent = !resolved.fLabels ? 0.0
+                       : isUpright       ? layout.fLeftExtent
+                                         : layout.fBottomExtent;
+    plot.fAxes.push_back(std::move(resolved));
+}
+
+/// On one side of the common border the axis across it runs backwards.
+void Mirror(const ChartContext& context, const PanelGrid& grid, const Panel& panel,
+            ResolvedPlot& plot)
+{
+    if (!grid.fAlternates) return;
+    const bool invert = context.fGraph.fFacetLayout->fInvert;
+    if (grid.fColumns > 1) plot.fX.fReversed = (panel.fColumn % 2 == 0) != invert;
+    if (grid.fRows > 1) plot.fY.fReversed = (panel.fRow % 2 == 1) != invert;
+}
+
+}  // namespace
+
+PanelLayout LayOutPanels(const ChartContext& context, const PanelGrid& grid, const PlotSpace& space)
+{
+    PanelLayout layout;
+    const tree::Axis* axisX = NearAxis(context, tree::Dimension::X);
+    const tree::Axis* axisY = NearAxis(context, tree::Dimension::Y);
+    const double width = Size(context.fDrawing.fWidth, kUsualWidth);
+    const double height = Size(context.fDrawing.fHeight, kUsualHeight);
+    const bool mirrorsRows = grid.fAlternates && grid.fRows > 1;
+    const bool mirrorsColumns = grid.fAlternates && grid.fColumns > 1;
+    const double titleX = TitleStrip(axisX, space.fX);
+    const double titleY = TitleStrip(axisY, space.fY);
+    layout.fBottomExtent = axisX && axisX->fTicks ? kLabelStrip : 0.0;
+    const double stripX = titleX + layout.fBottomExtent;
+
+    layout.fColumnSpacing = ColumnGap(grid);
+    layout.fRowSpacing = RowGap(grid, layout, titleX);
+    const double top = GraphEdge(context, ENUM_part::Top).value_or(0.0) * height;
+    const auto bottomEdge = GraphEdge(context, ENUM_part::Bottom);
+    const double bottom = bottomEdge ? *bottomEdge * height : height - stripX;
+    const double headers = HeaderHeight(grid.fColumnHeaders);
+    const double above = headers + (mirrorsRows ? stripX : 0.0);
+    const auto rows = static_cast<double>(grid.fRows);
+    const double inner = bottom - top - (grid.fWraps ? 0.0 : layout.fRowSpacing * (rows - 1.0));
+    layout.fPlotHeight =
+        grid.fWraps ? std::max(kLowestPlot, inner - headers) : std::max(kLowestPlot, inner / rows);
+    layout.fY = ScaleDirection(space.fY, layout.fPlotHeight, /*isUpright=*/true);
+    layout.fLeftExtent = axisY && axisY->fTicks ? kTickGap + WidestLabel(layout.fY.fTicks) : 0.0;
+
+    const double stripY = titleY + layout.fLeftExtent;
+    const double left = GraphEdge(context, ENUM_part::Left).value_or(0.0) * width;
+    const double dataLeft = std::max(left, stripY);
+    const double dataRight = GraphEdge(context, ENUM_part::Right).value_or(1.0) * width -
+                             (mirrorsColumns ? stripY : 0.0);
+    const auto columns = static_cast<double>(grid.fColumns);
+    const double wanted =
+        (dataRight - dataLeft - layout.fColumnSpacing * (columns - 1.0)) / columns;
+    layout.fPlotWidth = std::min(kWidest, std::max(wanted, LeastWidth(grid, space)));
+    layout.fX = ScaleDirection(space.fX, layout.fPlotWidth, /*isUpright=*/false);
+    layout.fSlanted = NeedsSlant(layout);
+    if (layout.fSlanted && layout.fBottomExtent > 0.0) {
+        layout.fBottomExtent = kTickGap + kSlantRise * WidestLabel(layout.fX.fTicks) + kTickGap;
+    }
+    // Places to the right of the area are percentages of a picture that grows with it.
+    const double grown = wanted > 0.0 ? columns * (layout.fPlotWidth - wanted) : 0.0;
+    layout.fPicture = {0.0, 0.0, width + std::max(0.0, grown), height};
+    layout.fArea.fLeft = dataLeft;
+    layout.fArea.fTop = top + above;
+    layout.fArea.fRight =
+        dataLeft + columns * layout.fPlotWidth + (columns - 1.0) * layout.fColumnSpacing;
+    layout.fArea.fBottom =
+        layout.fArea.fTop + rows * layout.fPlotHeight + (rows - 1.0) * layout.fRowSpacing;
+    return layout;
+}
+
+ResolvedPlot MakePlot(const ChartContext& context, const PanelGrid& grid, const Panel& panel,
+                      const PlotSpace& space, const PanelLayout& layout)
+{
+    ResolvedPlot plot;
+    plot.fRow = panel.fRow;
+    plot.fColumn = panel.fColumn;
+    plot.fWidth = std::round(layout.fPlotWidth);
+    plot.fHeight = std::round(layout.fPlotHeight);
+    plot.fFramed = grid.fRowFacet && grid.fColumnFacet;
+    plot.fX = layout.fX.fScale;
+    plot.fY = layout.fY.fScale;
+    Mirror(context, grid, panel, plot);
+    AddAxis(context, grid, panel, tree::Dimension::X, space, layout, plot);
+    AddAxis(context, grid, panel, tree::Dimension::Y, space, layout, plot);
+    if (const auto* header = grid.HeaderOf(panel)) plot.fHeader = *header;
+    if (const auto* header = grid.SideHeaderOf(panel)) {
+        for (const std::string& line : *header) {
+            plot.fSideHeader += (plot.fSideHeader.empty() ? "" : "\n") + line;
+        }
+    }
+    plot.fSideHeaderUpright = grid.fAlternates;
+    return plot;
+}
+
+}  // namespace refhost
