@@ -3,12 +3,19 @@
 #include <algorithm>
 
 #include "refhost/writers/ByteOutput.h"
+#include "refhost/writers/HtmlWriter.h"
 #include "refhost/writers/JsonWriter.h"
 #include "refhost/writers/TextWriter.h"
+#include "refhost/writers/XlsxWriter.h"
 
 namespace refhost {
 
 namespace {
+
+std::unique_ptr<OutputSink> Html(const WriterSettings& settings)
+{
+    return MakeHtmlWriter(std::make_unique<ByteOutput>(settings.fFile));
+}
 
 std::unique_ptr<OutputSink> Text(const WriterSettings& settings)
 {
@@ -20,10 +27,17 @@ std::unique_ptr<OutputSink> Json(const WriterSettings& settings)
     return MakeJsonWriter(std::make_unique<ByteOutput>(settings.fFile));
 }
 
+std::unique_ptr<OutputSink> Xlsx(const WriterSettings& settings)
+{
+    return std::make_unique<XlsxWriter>(settings.fFile);
+}
+
 // clang-format off
 constexpr WriterRow kWriters[] = {
+    {"html", ".html", /*fToStandardOutput=*/false, Html},
     {"text", ".txt",  /*fToStandardOutput=*/true, Text},
     {"json", ".json", /*fToStandardOutput=*/true, Json},
+    {"xlsx", ".xlsx", /*fToStandardOutput=*/false, Xlsx},
 };
 // clang-format on
 
