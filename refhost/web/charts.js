@@ -112,7 +112,7 @@ function startCharts() {
   for (const figure of figures) {
     const bar = tools.cloneNode(true);
     bar.setAttribute("aria-labelledby", figure.querySelector(".title").id);
-    figure.prepend(bar);
+    figure.querySelector(":scope > .below").before(bar);
     observer.observe(figure);
   }
   addEventListener("beforeprint", () => figures.forEach(draw));

@@ -139,18 +139,16 @@ function markCurrent(link) {
   else if (line.bottom > box.bottom - 40) panel.scrollTop += line.bottom - box.bottom + 40;
 }
 
-// The last target that begins above a line near the top; at the end of the page the one gone to,
-// which may be too close to the end to reach that line.
+// The last target that begins above a line near the top. The one that was gone to comes first: it
+// may be a small one, or too close to the end of the page to reach that line.
 function followView() {
   const targets = tree.links.map((link) => document.getElementById(link.hash.slice(1)));
   const kLine = 120;
   const top = (at) => targets[at].getBoundingClientRect().top;
   const linkInView = () => {
     const atEnd = window.innerHeight + window.scrollY >= root.scrollHeight - 2;
-    if (atEnd) {
-      const gone = targets.findIndex((target) => `#${target.id}` === location.hash);
-      if (gone >= 0 && top(gone) >= 0 && top(gone) < window.innerHeight) return tree.links[gone];
-    }
+    const gone = targets.findIndex((target) => `#${target.id}` === location.hash);
+    if (gone >= 0 && top(gone) >= 0 && top(gone) <= (atEnd ? window.innerHeight : kLine)) return tree.links[gone];
     let low = 0;
     let high = targets.length - 1;
     while (low < high) {

@@ -16,27 +16,19 @@ function tell(text, button) {
   }, 1500);
 }
 
-// `texts` maps a type to its text. The older way works where a page from disk has no clipboard.
+// `texts` maps a type to its text. By the copy event markup arrives as it is, and a page from disk
+// needs no permission; the clipboard object would parse the markup under the page's policy.
 async function copy(texts, button) {
-  const older = () => {
-    const fill = (event) => {
-      for (const [type, text] of Object.entries(texts)) event.clipboardData.setData(type, text);
-      event.preventDefault();
-    };
-    document.addEventListener("copy", fill, { once: true });
-    if (!document.execCommand("copy")) throw new Error("copy");
+  const fill = (event) => {
+    for (const [type, text] of Object.entries(texts)) event.clipboardData.setData(type, text);
+    event.preventDefault();
   };
-  try {
-    try {
-      const parts = Object.entries(texts).map(([type, text]) => [type, new Blob([text], { type })]);
-      await navigator.clipboard.write([new ClipboardItem(Object.fromEntries(parts))]);
-    } catch {
-      older();
-    }
-    tell(word("copied"), button);
-  } catch {
-    tell(word("copy-failed"), button);
-  }
+  document.addEventListener("copy", fill);
+  let copied = document.execCommand("copy");
+  document.removeEventListener("copy", fill);
+  if (!copied)
+    copied = await navigator.clipboard?.writeText(texts["text/plain"]).then(() => true, () => false);
+  tell(word(copied ? "copied" : "copy-failed"), button);
 }
 
 function save(blob, name) {

@@ -100,12 +100,31 @@ function fitTable(figure) {
   }
 }
 
+// On paper nothing scrolls: a table that is too wide for the page gets a page across, and what is too
+// wide even for that is made smaller.
+const kPaperWidth = { upright: 690, across: 1010 }; // pixels between the margins of A4
+const kPaperScale = 0.834; // of the type on paper to that on the screen
+
+function fitToPaper(figures) {
+  root.classList.add("measured");
+  const widths = figures.map((figure) => figure.querySelector("table").offsetWidth * kPaperScale);
+  root.classList.remove("measured");
+  figures.forEach((figure, at) => {
+    const isWide = widths[at] > kPaperWidth.upright;
+    figure.classList.toggle("wide", isWide);
+    figure.querySelector(".box").style.zoom = isWide ? Math.min(1, kPaperWidth.across / widths[at]) : "";
+  });
+}
+
+function fitToScreen(figures) {
+  for (const figure of figures) figure.querySelector(".box").style.zoom = "";
+}
+
 // The way back from a note leads to the mark that was followed.
 function returnToMark(event) {
   const mark = event.target.closest("sup > a");
   if (!mark) return;
   const note = document.getElementById(mark.hash.slice(1));
-  mark.id ||= `${note.id}-here`;
   note.querySelector("a").setAttribute("href", `#${mark.id}`);
 }
 
@@ -125,14 +144,15 @@ function startTables() {
     },
     { rootMargin: "60%" },
   );
-  for (const figure of document.querySelectorAll("figure.table")) {
-    const table = figure.querySelector("table");
-    if (!table) continue;
+  const figures = [...document.querySelectorAll("figure.table:has(table)")];
+  for (const figure of figures) {
     const bar = tools.cloneNode(true);
-    bar.setAttribute("aria-labelledby", table.caption.id);
-    figure.prepend(bar);
+    bar.setAttribute("aria-labelledby", figure.querySelector("caption").id);
+    figure.querySelector(":scope > figcaption").before(bar);
     observer.observe(figure);
   }
   addEventListener("resize", () => near.forEach(fitTable));
+  addEventListener("beforeprint", () => fitToPaper(figures));
+  addEventListener("afterprint", () => fitToScreen(figures));
   document.addEventListener("click", returnToMark);
 }

@@ -17,6 +17,10 @@ namespace {
 /// From so many rows on a figure is of the next size, by which the page reserves room for it.
 constexpr std::size_t kSizeSteps[] = {4, 12, 25};
 
+/// A text of more bytes may be broken into lines, but keeps some width where a table is squeezed.
+constexpr std::size_t kLongLabel = 26;
+constexpr std::size_t kLongText = 40;
+
 bool IsNumber(const Text& text)
 {
     if (std::holds_alternative<TextNumber>(text.fPassed)) return true;
@@ -41,7 +45,7 @@ void AppendClass(std::string& out, std::initializer_list<std::pair<bool, std::st
 class TableMarkup {
 public:
     TableMarkup(std::string& out, const TableNode& table, std::string_view id)
-        : fOut(out), fTable(table), fId(id), fGrid(table), fNotes(fGrid)
+        : fOut(out), fId(id), fGrid(table), fNotes(fGrid)
     {
         fMarkCounts.resize(fNotes.Notes().size());
         fNumberColumns.resize(fGrid.Columns().fLines);
@@ -201,7 +205,7 @@ private:
         const bool isOver = header.fLines > 1;
         fOut.append("<th scope=\"").append(isOver ? "rowgroup" : "row") += '"';
         AppendClass(fOut, {{isOver && header.fLine + header.fLines == Rows(), "end"},
-                           {isOver, "group"},
+                           {header.fLabel->fShown.size() > kLongLabel, "long"},
                            {header.fIsTitle, "name"}});
         AppendSpan(fOut, "colspan", header.fLevels);
         AppendSpan(fOut, "rowspan", header.fLines);
@@ -218,7 +222,10 @@ private:
                 fOut.append("<td></td>");
             const Text* content = placed.fCell->fContent.get();
             const bool isNumber = content ? IsNumber(*content) : fNumberColumns[column];
-            fOut.append("<td class=\"").append(isNumber ? "number" : "text").append("\">");
+            const bool isLong = content && content->fShown.size() > kLongText;
+            fOut.append("<td");
+            AppendClass(fOut, {{isNumber, "number"}, {!isNumber, "text"}, {isLong, "long"}});
+            fOut += '>';
             if (content) AppendMarkupText(fOut, content->fShown);
             AppendMarks(&placed.fCell->fNotes);
             fOut.append("</td>");
@@ -228,19 +235,18 @@ private:
             fOut.append("<td></td>");
     }
 
-    /// Each part that an outermost header joins is a body of its own.
+    /// Rows that an outermost header joins are a body of their own.
     void AppendBody()
     {
         const GridAxis& rows = fGrid.Rows();
         auto header = rows.fHeaders.begin();
-        bool isOpen = false;
+        std::size_t joined = 0;  // rows under the last outermost header; 0 before the first
         for (std::size_t row = 0; row < rows.fLines; ++row) {
             const bool startsAny = header != rows.fHeaders.end() && header->fLine == row;
-            const bool starts = startsAny && header->fLevel == 0;
-            if (!isOpen || (starts && header->fLevels < rows.fLevels)) {
-                fOut.append(isOpen ? "</tbody>\n<tbody>\n" : "<tbody>\n");
-                isOpen = true;
-            }
+            const bool startsOuter = startsAny && header->fLevel == 0;
+            const bool startsBody = startsOuter && (header->fLines > 1 || joined > 1);
+            if (row == 0 || startsBody) fOut.append(row == 0 ? "<tbody>\n" : "</tbody>\n<tbody>\n");
+            if (startsOuter) joined = header->fLines;
             const bool isPart = row > 0 && startsAny && header->fLines > 1;
             fOut.append(isPart ? "<tr class=\"part\">" : "<tr>");
             for (; header != rows.fHeaders.end() && header->fLine == row; ++header)
@@ -248,11 +254,10 @@ private:
             AppendCells(row);
             fOut.append("</tr>\n");
         }
-        if (isOpen) fOut.append("</tbody>\n");
+        fOut.append("</tbody>\n");
     }
 
     std::string& fOut;
-    const TableNode& fTable;
     std::string_view fId;
     TableGrid fGrid;
     Footnotes fNotes;
