@@ -1,6 +1,9 @@
 #include "refhost/job/CheckedJson.h"
 
+#include <algorithm>
+#include <cstddef>
 #include <string_view>
+#include <unordered_set>
 
 #include <fmt/format.h>
 #include <rapidjson/error/en.h>
@@ -15,8 +18,9 @@ namespace refhost {
 
 namespace {
 
-constexpr unsigned kParseFlags =
-    rapidjson::kParseIterativeFlag | rapidjson::kParseValidateEncodingFlag;
+constexpr unsigned kParseFlags = rapidjson::kParseIterativeFlag |
+                                 rapidjson::kParseFullPrecisionFlag |
+                                 rapidjson::kParseValidateEncodingFlag;
 
 using JobReader =
     rapidjson::SchemaValidatingReader<kParseFlags, rapidjson::MemoryStream, rapidjson::UTF8<>>;
@@ -25,26 +29,28 @@ using JobReader =
 struct RuleRow {
     std::string_view fKeyword;
     std::string_view fMeaning;
+    bool fTellsBound;  // whether what the schema asks for says more than the meaning
 };
 
 // clang-format off
 constexpr RuleRow kRules[] = {
-    {"additionalProperties", "this key is unknown"},
-    {"required",             "a key is missing"},
-    {"type",                 "the value has the wrong type"},
-    {"enum",                 "the value is none of those that are allowed"},
-    {"minItems",             "the list is empty"},
-    {"minLength",            "the text is empty"},
-    {"minimum",              "the number is too small"},
-    {"maximum",              "the number is too large"},
+    {"additionalProperties", "this key is unknown", false},
+    {"required",             "a key is missing", true},
+    {"type",                 "the value has the wrong type", true},
+    {"enum",                 "the value is none of those that are allowed", true},
+    {"minItems",             "the list is empty", false},
+    {"minLength",            "the text is empty", false},
+    {"minimum",              "the number is too small", true},
+    {"maximum",              "the number is too large", true},
 };
 // clang-format on
 
-std::string_view MeaningOf(std::string_view keyword)
+const RuleRow& RuleOf(std::string_view keyword)
 {
-    for (const RuleRow& row : kRules)
-        if (row.fKeyword == keyword) return row.fMeaning;
-    return "the value is not allowed";
+    static constexpr RuleRow kOther = {"", "the value is not allowed", false};
+    const auto row = std::find_if(std::begin(kRules), std::end(kRules),
+                                  [&](const RuleRow& rule) { return rule.fKeyword == keyword; });
+    return row == std::end(kRules) ? kOther : *row;
 }
 
 const rapidjson::SchemaDocument& JobSchema()
@@ -57,24 +63,63 @@ const rapidjson::SchemaDocument& JobSchema()
     return kSchema;
 }
 
-/// The keys that the object at a place of the schema has to hold.
-std::string NeededKeys(const rapidjson::Pointer& schemaPlace)
+/// What the broken rule at a place of the schema asks for, if it is a word or a list of words.
+std::string AskedFor(const rapidjson::Pointer& schemaPlace, const char* keyword)
 {
     rapidjson::Document schema;
     schema.Parse(kJobSchema.data(), kJobSchema.size());
-    std::string keys;
     const rapidjson::Value* place = schemaPlace.Get(schema);
-    if (!place || !place->IsObject() || !place->HasMember("required")) return keys;
-    for (const auto& key : (*place)["required"].GetArray())
-        keys += fmt::format("{}\"{}\"", keys.empty() ? "" : ", ", key.GetString());
-    return keys;
+    if (!place || !place->IsObject() || !place->HasMember(keyword)) return {};
+    const rapidjson::Value& rule = (*place)[keyword];
+    if (rule.IsInt()) return std::to_string(rule.GetInt());
+    if (rule.IsString()) return rule.GetString();
+    std::string words;
+    if (!rule.IsArray()) return words;
+    for (const auto& word : rule.GetArray())
+        words += fmt::format("{}{}", words.empty() ? "" : ", ", word.GetString());
+    return words;
+}
+
+/// "line 3, column 7" of a byte of the text.
+std::string LineText(std::string_view text, std::size_t offset)
+{
+    const std::string_view before = text.substr(0, offset);
+    const auto line = 1 + std::count(before.begin(), before.end(), '\n');
+    return fmt::format("line {}, column {}", line, before.size() - (before.rfind('\n') + 1) + 1);
+}
+
+/// The place of the first key that stands twice in one object; empty where none does.
+std::string FindRepeatedKey(const rapidjson::Value& value, const std::string& place)
+{
+    std::string found;
+    if (value.IsArray()) {
+        for (rapidjson::SizeType item = 0; item < value.Size() && found.empty(); ++item)
+            found = FindRepeatedKey(value[item], fmt::format("{}/{}", place, item));
+        return found;
+    }
+    if (!value.IsObject()) return found;
+    std::unordered_set<std::string_view> keys;
+    for (const auto& [name, member] : value.GetObject()) {
+        const std::string_view key(name.GetString(), name.GetStringLength());
+        found = fmt::format("{}/{}", place, key);
+        if (!keys.insert(key).second) return found;
+        found = FindRepeatedKey(member, found);
+        if (!found.empty()) return found;
+    }
+    return found;
 }
 
 std::string PlaceText(const rapidjson::Pointer& place)
 {
     rapidjson::StringBuffer buffer;
     place.Stringify(buffer);
-    return buffer.GetSize() > 0 ? buffer.GetString() : "the job";
+    std::string text = buffer.GetSize() > 0 ? buffer.GetString() : "the job";
+    constexpr std::size_t kLongest = 100;
+    if (text.size() > kLongest) text.replace(kLongest, std::string::npos, "...");
+    std::replace_if(
+        text.begin(), text.end(),
+        [](char character) { return static_cast<unsigned char>(character) < ' '; }, ' ');
+    return text;
 }
 
 }  // namespace
@@ -86,15 +131,20 @@ rapidjson::Document ParseJob(const std::string& text, const std::string& name)
     rapidjson::Document document;
     document.Populate(reader);
     const rapidjson::ParseResult& result = reader.GetParseResult();
-    if (!result.IsError()) return document;
+    if (!result.IsError()) {
+        const std::string repeated = FindRepeatedKey(document, {});
+        if (repeated.empty()) return document;
+        throw JobError(fmt::format("{}: {}: the key stands twice", name, repeated));
+    }
     if (reader.IsValid())
-        throw JobError(fmt::format("{}: no JSON at byte {}: {}", name, result.Offset(),
+        throw JobError(fmt::format("{}: no JSON at {}: {}", name, LineText(text, result.Offset()),
                                    rapidjson::GetParseError_En(result.Code())));
-    const std::string_view keyword = reader.GetInvalidSchemaKeyword();
-    std::string line = fmt::format(
-        "{}: {}: {}", name, PlaceText(reader.GetInvalidDocumentPointer()), MeaningOf(keyword));
-    if (keyword == "required")
-        line += fmt::format(" (needed: {})", NeededKeys(reader.GetInvalidSchemaPointer()));
+    const char* keyword = reader.GetInvalidSchemaKeyword();
+    const RuleRow& rule = RuleOf(keyword);
+    std::string line = fmt::format("{}: {}: {}", name,
+                                   PlaceText(reader.GetInvalidDocumentPointer()), rule.fMeaning);
+    if (rule.fTellsBound)
+        line += fmt::format(" (the rule: {})", AskedFor(reader.GetInvalidSchemaPointer(), keyword));
     throw JobError(line);
 }
 

@@ -5,6 +5,7 @@
 #include <optional>
 #include <sstream>
 #include <string_view>
+#include <unordered_set>
 
 #include <fmt/format.h>
 
@@ -91,8 +92,13 @@ private:
     std::unique_ptr<ProcedureDataSource> ReadVariables(const Value& list) const
     {
         std::vector<VariableData> variables;
-        for (const Value& item : list.GetArray())
-            variables.push_back(ReadVariable(item, fmt::format("/variables/{}", variables.size())));
+        std::unordered_set<std::string> names;
+        for (const Value& item : list.GetArray()) {
+            const std::string place = fmt::format("/variables/{}", variables.size());
+            variables.push_back(ReadVariable(item, place));
+            if (!names.insert(variables.back().fName).second)
+                Fail(place + "/name", "another variable has this name");
+        }
         return MakeDataSource(std::move(variables));
     }
 
