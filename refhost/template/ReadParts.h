@@ -6,6 +6,7 @@
 #include <set>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "refhost/template/VisualizationTree.h"
 
@@ -20,7 +21,10 @@ public:
     bool Has(std::string_view text) const { return fWords.find(text) != fWords.end(); }
 
     /// The text, or nothing for a placeholder.
-    std::string Filled(std::string text) const { return Has(text) ? std::string() : text; }
+    std::string Filled(std::string text) const
+    {
+        return Has(text) ? std::string() : std::move(text);
+    }
 
 private:
     std::set<std::string, std::less<>> fWords;
