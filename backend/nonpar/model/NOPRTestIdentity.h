@@ -72,9 +72,9 @@ enum class TestList { None, Tests, IntervalTests };
 
 struct TestKindRow {
     TestKind fKind;
+    TestList fKeptIn;
     std::string_view fName;   ///< the algorithm name of the document
     std::string_view fTitle;  ///< English, a key of the text tables
-    TestList fKeptIn;
 };
 
 /// One row for each kind from 1 to 26, in order.
