@@ -77,7 +77,6 @@ void AppendCommandVariables(const CommandSpec& spec, const CommandDescriptor& de
 
 void SortEachOnce(std::vector<int>& variables)
 {
-    std::ranges::sort(variables);
-    const auto repeated = std::ranges::unique(variables);
-    variables.erase(repeated.begin(), repeated.end());
+    std::sort(variables.begin(), variables.end());
+    variables.erase(std::unique(variables.begin(), variables.end()), variables.end());
 }

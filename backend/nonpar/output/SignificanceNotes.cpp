@@ -97,13 +97,14 @@ std::span<const SignificanceNote> FootnotesOf(const Test& test, const Significan
 /// The last name with "Sig" anywhere in it; an empty name and the missing number without one.
 Significance FindSignificance(const Test& test)
 {
-    for (auto block = test.fStatistics.rbegin(); block != test.fStatistics.rend(); ++block) {
-        for (auto value = block->fValues.rbegin(); value != block->fValues.rend(); ++value) {
-            const Significance found{value->fName, block->fName, value->fValue};
-            if (found.NameHas("Sig")) return found;
+    Significance last{"", "", MissingValue};
+    for (const auto& block : test.fStatistics) {
+        for (const auto& value : block.fValues) {
+            const Significance found{value.fName, block.fName, value.fValue};
+            if (found.NameHas("Sig")) last = found;
         }
     }
-    return {"", "", MissingValue};
+    return last;
 }
 
 }  // namespace
