@@ -1,0 +1,97 @@
+"""What the examples give: the record in JSON, and workbooks that a spreadsheet can read."""
+import difflib
+import json
+import os
+import re
+import unittest
+import zipfile
+from xml.etree import ElementTree
+
+import jsonschema
+
+from tool_support import EXAMPLES, ROOT, Case, document, nodes
+
+GOLDEN = ["mobility", "insect-sprays"]
+SHEET = {"s": "http://schemas.openxmlformats.org/spreadsheetml/2006/main"}
+
+
+def schema(name):
+    return json.loads((ROOT / "docs" / name).read_text())
+
+
+class Records(Case):
+    def test_the_jobs_and_their_records_are_as_documented(self):
+        jobs = jsonschema.Draft4Validator(schema("job.schema.json"))
+        outputs = jsonschema.validators.validator_for(schema("output.schema.json"))(
+            schema("output.schema.json")
+        )
+        self.assertGreaterEqual(len(EXAMPLES), 8)
+        for path in EXAMPLES:
+            with self.subTest(path.parent.name):
+                jobs.validate(json.loads(path.read_text()))
+                output = self.run_json(path)
+                outputs.validate(output)
+                self.assertIs(output["result"], True)
+                self.assertIsNone(output["failure"])
+                self.assertGreater(len(list(nodes(output["output"], "table"))), 5)
+
+    def test_the_same_bytes_come_out_anywhere(self):
+        for path in EXAMPLES[:3]:
+            records = {
+                self.run_tool("run", path, "--format", "json", "--language", "en", **place).stdout
+                for place in (
+                    {},
+                    {"environment": {"LC_ALL": "tr_TR.UTF-8", "TZ": "Asia/Kathmandu"}},
+                    {"environment": {"LANG": "de_DE.UTF-8"}, "cwd": "/"},
+                )
+            }
+            self.assertEqual(len(records), 1, path)
+
+    def test_the_golden_records_hold(self):
+        for name in GOLDEN:
+            file = ROOT / "tests" / "golden" / f"{name}.expected.json"
+            with self.subTest(name):
+                output = self.run_json(ROOT / "examples" / name / "job.json", "--language", "en")
+                lines = json.dumps(output, indent=1, ensure_ascii=False).splitlines()
+                if "NONPAR_REWRITE_GOLDEN" in os.environ:
+                    file.write_text("\n".join(lines) + "\n")
+                expected = file.read_text().splitlines()
+                difference = list(difflib.unified_diff(expected, lines, "expected", "is", n=2))
+                self.assertEqual(difference, [], "\n".join(difference[:60]))
+
+
+class Workbooks(Case):
+    def sheets(self, path):
+        run = self.run_tool("run", path, "--format", "xlsx", "-o", "book.xlsx")
+        self.assertEqual(run.returncode, 0, run.stderr)
+        with zipfile.ZipFile(self.folder / "book.xlsx") as book:
+            self.assertIsNone(book.testzip())
+            names = [n for n in book.namelist() if re.fullmatch(r"xl/worksheets/sheet\d+\.xml", n)]
+            return [ElementTree.fromstring(book.read(name)) for name in names]
+
+    def test_every_table_and_chart_has_a_sheet_behind_the_outline(self):
+        for path in EXAMPLES[:2]:
+            output = self.run_json(path)["output"]
+            expected = 1 + len(list(nodes(output, "table"))) + len(list(nodes(output, "chart")))
+            sheets = self.sheets(path)
+            self.assertEqual(len(sheets), expected)
+            self.assertEqual(len(sheets[0].findall(".//s:hyperlink", SHEET)), expected - 1)
+            numbers = [c for s in sheets for c in s.iterfind(".//s:c", SHEET) if c.get("t") is None]
+            self.assertGreater(len([c for c in numbers if c.find("s:v", SHEET) is not None]), 100)
+            self.assertTrue(any(s.find(".//s:mergeCell", SHEET) is not None for s in sheets[1:]))
+
+    def test_no_text_becomes_a_formula(self):
+        evil = '=HYPERLINK("http://x","y")'
+        path = self.write_job(
+            [document()],
+            variables=[{"name": "weight", "label": evil, "type": "numeric"}],
+            title="@SUM(1+1)",
+        )
+        sheets = self.sheets(path)
+        texts = [t.text for s in sheets for t in s.iterfind(".//s:t", SHEET)]
+        self.assertTrue(any(evil in (text or "") for text in texts))
+        self.assertEqual([f for s in sheets for f in s.iterfind(".//s:f", SHEET)], [])
+
+
+if __name__ == "__main__":
+    unittest.main()
