@@ -112,16 +112,29 @@ TEST_F(Driver, NamesTheFieldsOfATest)
     EXPECT_EQ(SubHeading(unknown), "") << "no family";
 }
 
+/// A folder of templates that is gone at the end.
+class TemplateFolder {
+public:
+    explicit TemplateFolder(std::initializer_list<const char*> names)
+    {
+        std::filesystem::create_directories(fPath);
+        for (const char* name : names)
+            std::ofstream(fPath / (std::string(name) + ".viztemplate")) << "<visualization/>";
+    }
+    ~TemplateFolder() { std::filesystem::remove_all(fPath); }
+    TemplateFolder(const TemplateFolder&) = delete;
+    TemplateFolder& operator=(const TemplateFolder&) = delete;
+
+    const std::filesystem::path fPath =
+        std::filesystem::temp_directory_path() / ("driver-views-" + std::to_string(getpid()));
+};
+
 /// A Kruskal-Wallis test with boxes and pairs, and the distribution of its field: one chart of each
 /// sort that the switch decides on or not.
 class DriverViews : public Driver {
 protected:
     DriverViews()
     {
-        std::filesystem::create_directories(fFolder);
-        for (const char* name : {"NPARBoxplot", "NPARHistogram", "GLMMPairwiseContrasts"})
-            std::ofstream(fFolder / (std::string(name) + ".viztemplate")) << "<visualization/>";
-
         auto& test = Add<Stats::HTIKruskalWallis>(
             24, "DefaultAllDistinctValuesUsed_I_KruskalWallis_2", {{kWeight}, {kFeed}});
         test.fBoxPlot.fGroupFieldIndex = kFeed;
@@ -139,11 +152,10 @@ protected:
         field->fDistribution.fName = "Interval";
         field->fDistribution.fRows = {{3, 4}, {1, 2}};
     }
-    ~DriverViews() override { std::filesystem::remove_all(fFolder); }
 
     std::string RunOutline()
     {
-        OutputRecorder recorder(fSource.get(), fFolder.string());
+        OutputRecorder recorder(fSource.get(), fFolder.fPath.string());
         BpProcedure& procedure = recorder.Procedure();
         NOPROutput(&procedure, &procedure, fSource.get(), &fStats).Run();
         return recorder.Outline();
@@ -160,14 +172,13 @@ protected:
                 setenv("DEBUG_MODEL_VIEWER", "other", 1);
                 const bool same = first == outline && RunOutline() == first;
                 if (!same) std::fputs(first.c_str(), stderr);
-                std::filesystem::remove_all(fFolder);
+                std::filesystem::remove_all(fFolder.fPath);
                 std::exit(same ? 0 : 1);
             },
             testing::ExitedWithCode(0), "");
     }
 
-    const std::filesystem::path fFolder =
-        std::filesystem::temp_directory_path() / ("driver-views-" + std::to_string(getpid()));
+    const TemplateFolder fFolder{"NPARBoxplot", "NPARHistogram", "GLMMPairwiseContrasts"};
 };
 
 constexpr char kBefore[] =

@@ -3,7 +3,6 @@
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 class HypothesisTestSummary : public OutputTest {
 protected:

@@ -143,6 +143,7 @@ std::string Passed(const TextRef& text)
 std::vector<std::string> Passed(const std::vector<TextRef>& texts)
 {
     std::vector<std::string> all;
+    all.reserve(texts.size());
     for (const TextRef& text : texts)
         all.push_back(Passed(text));
     return all;
