@@ -90,7 +90,8 @@ private:
 };
 
 /// A bar without a colour of its own: pale where something is drawn over it.
-PaintedColor PlainFill(const ChartContext& context, const tree::Element& element)
+PaintedColor PlainFill(const ChartContext& context, const tree::Element& element,
+                       const Panel& panel)
 {
     const bool underCurve =
         std::any_of(context.fGraph.fElements.begin(), context.fGraph.fElements.end(),
@@ -99,14 +100,19 @@ PaintedColor PlainFill(const ChartContext& context, const tree::Element& element
                         : !context.fGraph.fLineGuides.empty() ? kPaleBars
                                                               : kFirstSeries;
     const tree::Style* style = FindStyle(context, element.fStyle);
-    return style ? ColorOf(style->fFill, FixedColor(usual)) : FixedColor(usual);
+    if (style && !style->fFill.empty()) return ColorOf(style->fFill, FixedColor(usual));
+    const bool isMirrored =
+        context.fGraph.fFacetLayout && context.fGraph.fFacetLayout->fAlternating;
+    if (!isMirrored) return FixedColor(usual);
+    return SeriesStyle({}, static_cast<std::size_t>(panel.fRow + panel.fColumn)).fFill;
 }
 
-MarkStyle StyleOf(const ChartContext& context, const BarReader& reader, const Bar& bar)
+MarkStyle StyleOf(const ChartContext& context, const BarReader& reader, const Bar& bar,
+                  const Panel& panel)
 {
     const bool isColored = reader.fColor && bar.fSeries < reader.fSeries.Count();
     MarkStyle style = isColored ? SeriesStyle(*reader.fColor, bar.fSeries) : MarkStyle();
-    if (!isColored) style.fFill = PlainFill(context, reader.fElement);
+    if (!isColored) style.fFill = PlainFill(context, reader.fElement, panel);
     const bool isUpright = reader.fElement.fExtent == tree::Dimension::Y;
     const bool touches = reader.fStanding.fKind != ScaleKind::Category;
     const bool isStacked = reader.fElement.fArrangement == tree::Arrangement::Stack;
@@ -234,7 +240,7 @@ void AddBars(ChartContext& context, const tree::Element& element, const Panel& p
         if (isSeries) mark.fSeries = reader.fSeries.All()[bar.fSeries].fKey;
         mark.fPopup = popup ? PopupText(context, *popup, bar.fRow)
                             : UsualPopup(context, reader, bar, space, panel);
-        LayerOf(layers, from, MarkKind::Rect, StyleOf(context, reader, bar))
+        LayerOf(layers, from, MarkKind::Rect, StyleOf(context, reader, bar, panel))
             .fMarks.push_back(std::move(mark));
         AddNumber(context, reader, bar, footing, end, layers, from);
 

@@ -37,7 +37,7 @@ constexpr double kTimeSteps[] = {1e3,
 /// As many bins as a spread of so many different numbers can bear.
 double WantedBins(std::size_t distinct)
 {
-    return std::clamp(std::ceil(2.0 * std::cbrt(static_cast<double>(distinct)) + 1.0), kLeastBins,
+    return std::clamp(std::ceil(2.5 * std::cbrt(static_cast<double>(distinct)) + 1.0), kLeastBins,
                       kMostBins);
 }
 

@@ -43,7 +43,7 @@ struct BoxDrawing {
     const DataVariable& fX;
     const DataVariable& fY;
     const Group& fGroup;
-    const BoxNumbers& fBox;
+    BoxNumbers fBox;
     double fPlace;
     std::size_t fFrom;  // first layer of the element
     std::vector<MarkLayer>& fLayers;
@@ -249,18 +249,14 @@ void AddBoxes(ChartContext& context, const tree::Element& element, const Panel& 
     const std::map<double, Group> groups = GroupRows(panel, space, *x, *y);
     const Extent range = RangeOf(groups);
     const std::size_t from = layers.size();
+    std::vector<BoxDrawing> drawings;
     for (const auto& [place, group] : groups) {
         const auto box = SummarizeBox(group.fValues);
         if (!box) continue;
-        BoxDrawing drawing{context, element, *x, *y, group, *box, place, from, layers, {}};
-        drawing.fName = NamedValue(AxisTitle(context, tree::Dimension::X, space.fX),
-                                   space.fX.PlaceText(*x, place));
-        AddWhiskers(drawing);
-        AddBody(drawing);
-        AddMedian(drawing);
-        AddOutliers(drawing);
-        AddOutlierNames(drawing, range.fHigh - range.fLow);
-        SummarizeBoxRow(drawing, panel, space);
+        drawings.push_back({context, element, *x, *y, group, *box, place, from, layers,
+                            NamedValue(AxisTitle(context, tree::Dimension::X, space.fX),
+                                       space.fX.PlaceText(*x, place))});
+        SummarizeBoxRow(drawings.back(), panel, space);
         space.fX.fExtent.Take(place - 0.5);
         space.fX.fExtent.Take(place + 0.5);
         space.fY.fExtent.Take(box->fLowerWhisker);
@@ -268,6 +264,15 @@ void AddBoxes(ChartContext& context, const tree::Element& element, const Panel& 
         for (const double value : box->fOutliers) {
             space.fY.fExtent.Take(value);
         }
+    }
+    // One kind of mark of all boxes after the other, as layers of one look hold several boxes.
+    for (const auto addMarks : {AddWhiskers, AddBody, AddMedian, AddOutliers}) {
+        for (BoxDrawing& drawing : drawings) {
+            addMarks(drawing);
+        }
+    }
+    for (BoxDrawing& drawing : drawings) {
+        AddOutlierNames(drawing, range.fHigh - range.fLow);
     }
     if (context.fSummary.fColumns.empty()) {
         context.fSummary.fColumns.push_back(AxisTitle(context, tree::Dimension::X, space.fX));

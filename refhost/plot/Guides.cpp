@@ -157,7 +157,7 @@ FrameBox Eased(const tree::LabelFrame& frame, FrameBox box, const FrameBox& area
         box.fTop = box.fBottom - kInset - height;
         if (isTied(ENUM_part::Left)) box.fLeft += kInset;
         if (isTied(ENUM_part::Right)) box.fLeft = box.fRight - kInset - width;
-    } else if (isTied(ENUM_part::Right) && box.fTop > area.fTop) {
+    } else if (isTied(ENUM_part::Right) && box.fTop > area.fTop && box.fLeft < area.fRight) {
         box.fLeft = area.fRight + kEndGap;
     }
     box.fRight = box.fLeft + width;
@@ -222,7 +222,8 @@ void AddLabelFrames(const ChartContext& context, const std::vector<PlacedGuide>&
         for (const tree::Label& label : frame.fLabels) {
             const std::string text = label.Shown();
             if (text.empty() || !IsVisible(context, label.fStyle)) continue;
-            const PlacedGuide* guide = GuideOf(context, guides, label);
+            const bool isOutside = box.fLeft >= area.fRight;
+            const PlacedGuide* guide = isOutside ? GuideOf(context, guides, label) : nullptr;
             if (guide) plot.fLayers.push_back(SampleOf(*guide, x, y + kLine / 2));
             MarkStyle style = TextStyle(FindStyle(context, label.fStyle));
             if (guides.size() == 1 && !FindStyle(context, label.fStyle)) {

@@ -27,7 +27,7 @@ constexpr double kPlotGap = 18.0;
 constexpr double kGridGap = 8.0;
 constexpr double kNarrowestPlot = 64.0;
 constexpr double kLowestPlot = 56.0;
-constexpr double kCategoryRoom = 16.0;  // the least for a slanted label
+constexpr double kCategoryRoom = 20.0;  // the least for a slanted label
 constexpr double kLabelAir = 8.0;
 
 const tree::Axis* FindAxis(const ChartContext& context, tree::Dimension dimension,
@@ -109,6 +109,21 @@ double Size(const std::optional<double>& units, double usual)
 {
     if (!units || !std::isfinite(*units) || *units <= 0.0) return usual;
     return std::clamp(*units * kUnit, 120.0, kWidest);
+}
+
+/// A label frame that is fixed near the top of the picture stands above the headers.
+bool HasFrameOnTop(const ChartContext& context)
+{
+    const auto isOnTop = [](const tree::Location& location) {
+        return location.fPart == ENUM_part::Top &&
+               tree::Fraction(location.fValue).value_or(1) < 0.1;
+    };
+    return std::any_of(context.fTree.fLabelFrames.begin(), context.fTree.fLabelFrames.end(),
+                       [&isOnTop](const tree::LabelFrame& frame) {
+                           return !frame.Shown().empty() &&
+                                  std::any_of(frame.fLocations.begin(), frame.fLocations.end(),
+                                              isOnTop);
+                       });
 }
 
 double RowGap(const PanelGrid& grid, const PanelLayout& layout, double titleStrip)
@@ -229,7 +244,8 @@ PanelLayout LayOutPanels(const ChartContext& context, const PanelGrid& grid, con
     const auto bottomEdge = GraphEdge(context, ENUM_part::Bottom);
     const double bottom = bottomEdge ? *bottomEdge * height : height - stripX;
     const double headers = HeaderHeight(grid.fColumnHeaders);
-    const double above = headers + (mirrorsRows ? stripX : 0.0);
+    const double above =
+        headers + (mirrorsRows ? stripX : 0.0) + (HasFrameOnTop(context) ? kTitleStrip : 0.0);
     const auto rows = static_cast<double>(grid.fRows);
     const double inner = bottom - top - (grid.fWraps ? 0.0 : layout.fRowSpacing * (rows - 1.0));
     layout.fPlotHeight =
@@ -255,7 +271,7 @@ PanelLayout LayOutPanels(const ChartContext& context, const PanelGrid& grid, con
     const double grown = wanted > 0.0 ? columns * (layout.fPlotWidth - wanted) : 0.0;
     layout.fPicture = {0.0, 0.0, width + std::max(0.0, grown), height};
     layout.fArea.fLeft = dataLeft;
-    layout.fArea.fTop = top + above;
+    layout.fArea.fTop = std::max(top, above);
     layout.fArea.fRight =
         dataLeft + columns * layout.fPlotWidth + (columns - 1.0) * layout.fColumnSpacing;
     layout.fArea.fBottom =

@@ -50,7 +50,9 @@ TickedRange NumberRange(const PlotDirection& direction, const Extent& extent, in
     double low = direction.fMin.value_or(extent.fLow);
     double high = direction.fMax.value_or(extent.fHigh);
     const bool isFixed = direction.fMin && direction.fMax;
-    if (direction.fCounts && low >= 0.0 && !direction.fMax) return CountRange(high, ticks);
+    if (direction.fCounts && low >= 0.0 && !direction.fMax) {
+        return CountRange(high, ticks, direction.fAir);
+    }
     if (isFixed || direction.fTight) {
         if (!(high > low)) high = low + 1.0;
         return within(low, high);

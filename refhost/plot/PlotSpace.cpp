@@ -71,7 +71,10 @@ void Settle(ChartContext& context, tree::Dimension dimension, PlotDirection& dir
         const DataVariable* variable = position ? context.fData.Find(position->fVariable) : nullptr;
         if (!variable) continue;
         const bool isBar = element.fKind == tree::ElementKind::Interval;
-        if (isBar && element.fExtent == dimension) direction.fCounts = true;
+        if (isBar && element.fExtent == dimension) {
+            direction.fCounts = true;
+            direction.fAir |= !element.fLabelings.empty();
+        }
         if (isBar && element.fExtent != dimension && !standing) standing = &element;
         binned |= position->fBinned;
         if (!direction.fVariable) direction.fVariable = variable;

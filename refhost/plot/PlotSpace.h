@@ -46,6 +46,7 @@ struct PlotDirection {
     std::optional<Bins> fBins;
     double fBarWidth = 1.0;  ///< of bars that stand on it
     bool fCounts = false;    ///< bars grow along it
+    bool fAir = false;       ///< numbers stand on the bars
     bool fTight = false;     ///< the marks fill it from end to end
     std::optional<double> fMin, fMax;
     Extent fExtent;

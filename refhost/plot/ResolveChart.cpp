@@ -21,6 +21,7 @@ constexpr double kNetworkWidth = 490.0;
 constexpr double kNetworkHeight = 360.0;
 constexpr double kCaptionFont = 12.0;
 constexpr double kCaptionAir = 8.0;
+constexpr double kBoldness = 1.08;     // letters of bold texts are wider
 constexpr double kLegendWidth = 40.0;  // of the symbol and the gaps around it
 
 /// What an element draws in a panel before the scales are known.
@@ -114,7 +115,7 @@ void AddCaption(const std::string& caption, ResolvedPlot& plot)
     layer.fStyle.fBaseline = TextBaseline::Middle;
     ResolvedMark mark;
     mark.fText = caption;
-    if (TextBlockWidth(caption, kCaptionFont) > plot.fWidth - kCaptionAir) {
+    if (TextBlockWidth(caption, kCaptionFont) * kBoldness > plot.fWidth - kCaptionAir) {
         const std::size_t cut = caption.find_last_of("\n ");
         if (cut != std::string::npos) mark.fText = caption.substr(cut + 1);
     }

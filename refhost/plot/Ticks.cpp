@@ -11,7 +11,9 @@
 namespace refhost {
 namespace {
 
-constexpr double kAir = 1.03;  // above the tallest bar
+constexpr double kAir = 1.03;            // above the tallest bar
+constexpr double kAirForNumbers = 1.22;  // for the number on top of it
+constexpr int kFewTicks = 5;
 constexpr double kDay = 86'400'000.0;
 constexpr int kTickLimit = 50;
 constexpr double kLongNumber = 1e15;
@@ -81,14 +83,15 @@ std::string TickText(double number, double step)
     return WithMinusSign(FixedText(number, decimals));
 }
 
-TickedRange CountRange(double most, int ticks)
+TickedRange CountRange(double most, int ticks, bool air)
 {
     const double top = std::isfinite(most) && most > 0.0 ? most : 1.0;
-    double step = NiceStep(top * kAir / std::max(1, ticks - 1));
+    const bool endsAtTick = !air && ticks >= kFewTicks;
+    double step = NiceStep(top * kAir / std::max(1, endsAtTick ? ticks - 1 : ticks));
     if (top >= 2.0) step = std::max(1.0, step);
-    double steps = std::ceil(top * kAir / step - 1e-9);
     TickedRange range;
-    range.fMax = steps * step;
+    range.fMax = endsAtTick ? std::ceil(top * kAir / step - 1e-9) * step
+                            : top * (air ? kAirForNumbers : kAir);
     range.fTicks = SteppedTicks(0.0, range.fMax, step);
     return range;
 }

@@ -15,8 +15,8 @@ struct TickedRange {
 };
 
 /// From 0 to a little above `most`, with at most `ticks` ticks; at whole numbers where `most` is
-/// large enough for two of them.
-TickedRange CountRange(double most, int ticks);
+/// large enough for two of them. A range of few ticks does not end at one, nor does one with `air`.
+TickedRange CountRange(double most, int ticks, bool air);
 
 /// A range that begins and ends at ticks around the numbers from `low` to `high`.
 TickedRange RoundRange(double low, double high, int ticks);

@@ -1,7 +1,6 @@
 #include "refhost/vega/VegaLiteWriter.h"
 
 #include <string_view>
-#include <vector>
 
 #include "refhost/plot/ResolvedChart.h"
 #include "refhost/vega/JsonStream.h"
@@ -72,28 +71,6 @@ void WriteFieldTitle(JsonStream& json, const std::string& title, const char* sid
     json.EndObject();
 }
 
-void WriteHeader(JsonStream& json, const std::vector<std::string>& header)
-{
-    if (header.empty()) return;
-    json.Key("title");
-    json.BeginObject();
-    json.Key("text");
-    json.Lines(header.front());
-    if (header.size() > 1) {
-        std::string below;
-        for (std::size_t line = 1; line < header.size(); ++line) {
-            below.append(line == 1 ? "" : "\n").append(header[line]);
-        }
-        json.Key("subtitle");
-        json.Lines(below);
-    }
-    json.Member("anchor", "middle");
-    json.Member("frame", "group");
-    json.Member("fontSize", 12);
-    json.Member("offset", 8);
-    json.EndObject();
-}
-
 /// What a plot is made of, as members of an object that is open.
 void WritePlot(JsonStream& json, const ResolvedChart& chart, const ResolvedPlot& plot,
                const LabelParameters& labels)
@@ -116,6 +93,7 @@ void WritePlot(JsonStream& json, const ResolvedChart& chart, const ResolvedPlot&
     json.Key("layer");
     json.BeginArray();
     WriteMarks(json, plot);
+    WriteHeader(json, plot);
     if (!plot.fSideHeader.empty()) {
         WriteSideHeader(json, plot,
                         kSideHeaderGap + (plot.fSideHeaderUpright ? 0.0 : LeftStrip(plot)));
@@ -127,7 +105,6 @@ void WritePlot(JsonStream& json, const ResolvedChart& chart, const ResolvedPlot&
 void WritePlots(JsonStream& json, const ResolvedChart& chart, const LabelParameters& labels)
 {
     if (chart.fPlots.size() == 1) {
-        WriteHeader(json, chart.fPlots.front().fHeader);
         return WritePlot(json, chart, chart.fPlots.front(), labels);
     }
     json.Member("columns", chart.fColumns);
@@ -141,7 +118,6 @@ void WritePlots(JsonStream& json, const ResolvedChart& chart, const LabelParamet
     json.BeginArray();
     for (const ResolvedPlot& plot : chart.fPlots) {
         json.BeginObject();
-        WriteHeader(json, plot.fHeader);
         WritePlot(json, chart, plot, labels);
         json.EndObject();
     }
@@ -200,7 +176,6 @@ std::string Document(const ResolvedChart& chart, VegaTexts texts, bool themed)
         wrappings.Open();
         WriteFieldTitle(json, chart.fColumnTitle, "top");
     }
-    if (!chart.fPlots.front().fHeader.empty() && chart.fPlots.size() == 1) wrappings.Open();
     WritePlots(json, chart, labels);
     wrappings.Close();
     json.EndObject();

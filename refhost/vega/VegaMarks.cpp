@@ -11,6 +11,9 @@ namespace refhost {
 namespace {
 
 constexpr double kHaloWidth = 4.0;
+constexpr double kHeaderFont = 12.0;
+constexpr double kHeaderLine = 16.0;
+constexpr double kHeaderGap = 8.0;
 
 const char* MarkName(MarkKind kind)
 {
@@ -136,7 +139,7 @@ void WriteMark(JsonStream& json, const MarkLayer& layer)
         json.Member("strokeWidth", style.fStrokeWidth);
     } else {
         WriteColorMember(json, "fill", style.fFill);
-        if (style.fStroke.fPaint != Paint::None) {
+        if (style.fStroke.fPaint != Paint::None || layer.fKind == MarkKind::Point) {
             WriteColorMember(json, "stroke", style.fStroke);
             json.Member("strokeWidth", style.fStrokeWidth);
         }
@@ -255,6 +258,16 @@ MarkLayer HaloOf(const MarkLayer& texts)
 
 void WriteMarks(JsonStream& json, const ResolvedPlot& plot)
 {
+    // Axes need a layer that takes the scales, also where every mark stands at pixels.
+    json.BeginObject();
+    json.Key("data");
+    json.BeginObject();
+    json.Key("values");
+    json.BeginArray();
+    json.EndArray();
+    json.EndObject();
+    json.Member("mark", "point");
+    json.EndObject();
     for (const MarkLayer& layer : plot.fLayers) {
         if (layer.fKind == MarkKind::Text && layer.fStyle.fHalo) {
             WriteLayer(json, plot, HaloOf(layer));
@@ -263,6 +276,28 @@ void WriteMarks(JsonStream& json, const ResolvedPlot& plot)
         if (layer.fKind == MarkKind::Rect && layer.fStyle.fPattern != FillPattern::Solid) {
             WriteLayer(json, plot, PatternMarks(layer, plot));
         }
+    }
+}
+
+void WriteHeader(JsonStream& json, const ResolvedPlot& plot)
+{
+    MarkLayer layer;
+    layer.fKind = MarkKind::Text;
+    layer.fInPixels = true;
+    layer.fStyle.fFill = {Paint::Ink, {}};
+    layer.fStyle.fFontSize = kHeaderFont;
+    layer.fStyle.fAlign = TextAlign::Center;
+    layer.fStyle.fBaseline = TextBaseline::Bottom;
+    double y = -kHeaderGap - kHeaderLine * (static_cast<double>(plot.fHeader.size()) - 1.0);
+    for (const std::string& line : plot.fHeader) {
+        layer.fStyle.fBold = &line == &plot.fHeader.front();
+        ResolvedMark mark;
+        mark.fX = plot.fWidth / 2;
+        mark.fY = y;
+        mark.fText = line;
+        layer.fMarks.assign(1, mark);
+        WriteLayer(json, plot, layer);
+        y += kHeaderLine;
     }
 }
 

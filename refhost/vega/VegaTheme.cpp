@@ -91,6 +91,7 @@ void WriteAxes(JsonStream& json, const GroundColors& ground)
     json.Member("labelPadding", 4);
     json.Member("labelLimit", 200);
     json.Member("labelOverlap", false);
+    json.Member("labelFlush", false);
     json.EndObject();
 }
 

@@ -1,0 +1,95 @@
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "refhost/document/OutputNode.h"
+#include "refhost/plot/ResolveChart.h"
+#include "refhost/template/ChartDrawing.h"
+#include "refhost/template/ReadTemplate.h"
+
+namespace refhost::test {
+
+/// A chart node made of a template's text, columns of data and settings.
+class SampleChart {
+public:
+    explicit SampleChart(std::string templateText) { fNode.fText = std::move(templateText); }
+
+    /// Puts a text in the place of the first `token`.
+    SampleChart& Replace(std::string_view token, std::string_view text)
+    {
+        const std::size_t at = fNode.fText.find(token);
+        if (at != std::string::npos) fNode.fText.replace(at, token.size(), text);
+        return *this;
+    }
+
+    SampleChart& Source(std::string name)
+    {
+        fNode.fSources.emplace_back().fName = std::move(name);
+        return *this;
+    }
+
+    SampleChart& Column(std::string name, std::vector<ChartValue> values)
+    {
+        if (fNode.fSources.empty()) Source("graphSource");
+        ChartSource& source = fNode.fSources.back();
+        source.fRows = std::max(source.fRows, values.size());
+        source.fColumns.push_back({std::move(name), std::move(values)});
+        return *this;
+    }
+
+    SampleChart& Numbers(std::string name, const std::vector<double>& numbers)
+    {
+        return Column(std::move(name), {numbers.begin(), numbers.end()});
+    }
+
+    SampleChart& Texts(std::string name, const std::vector<std::string>& texts)
+    {
+        return Column(std::move(name), {texts.begin(), texts.end()});
+    }
+
+    /// Settings on a variable.
+    VariableSettings& Set(const std::string& variable) { return fDrawing.fVariables[variable]; }
+
+    SampleChart& Size(double width, double height)
+    {
+        fDrawing.fWidth = width;
+        fDrawing.fHeight = height;
+        return *this;
+    }
+
+    SampleChart& Titles(std::string title, std::string subtitle = {}, std::string footnote = {})
+    {
+        fNode.fTitle = std::move(title);
+        fNode.fSubtitle = std::move(subtitle);
+        fNode.fFootnote = std::move(footnote);
+        return *this;
+    }
+
+    /// The tree, read on the first call; a test may work on it as the object model does.
+    tree::Visualization& Tree()
+    {
+        if (!fIsRead) fDrawing.fTree = ReadTemplate(fNode.fText).value_or(tree::Visualization());
+        fIsRead = true;
+        return fDrawing.fTree;
+    }
+
+    std::unique_ptr<ResolvedChart> Resolve()
+    {
+        Tree();
+        fNode.fDrawing = std::make_shared<ChartDrawing>(fDrawing);
+        return ResolveChart(fNode);
+    }
+
+private:
+    ChartNode fNode;
+    ChartDrawing fDrawing;
+    bool fIsRead = false;
+};
+
+}  // namespace refhost::test
