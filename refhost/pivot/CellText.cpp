@@ -47,8 +47,7 @@ Text NumberText(double number, const BpFormatSpec& format)
     passed.fNumber = number;
     passed.fFormat = refhost::FormatName(format);
     passed.fDecimals = refhost::FormatDecimals(format, number);
-    std::string shown = refhost::FormattedNumber(passed);
-    return {std::move(passed), std::move(shown)};
+    return {passed, refhost::FormattedNumber(passed)};
 }
 
 /// A value that bears no label. A string shows whole, also where it is wider than its format.

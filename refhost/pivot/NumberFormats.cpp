@@ -77,11 +77,8 @@ int FormatDecimals(const BpFormatSpec& format, double number)
 std::string FormattedNumber(const TextNumber& number)
 {
     if (IsUntold(number.fNumber)) return ".";
-    std::string text = std::abs(number.fNumber) < kLongestFixed
-                           ? FixedText(number.fNumber, number.fDecimals)
-                           : ShortText(number.fNumber, number.fDecimals);
-    if (number.fFormat == NumberFormat::Percent) text += '%';
-    return text;
+    return std::abs(number.fNumber) < kLongestFixed ? FixedText(number.fNumber, number.fDecimals)
+                                                    : ShortText(number.fNumber, number.fDecimals);
 }
 
 }  // namespace refhost

@@ -10,7 +10,7 @@ namespace {
 struct LeadRow {
     unsigned char fFirst;
     unsigned char fLast;
-    std::size_t fBytes;
+    unsigned char fBytes;
     unsigned char fSecondFirst;
     unsigned char fSecondLast;
 };

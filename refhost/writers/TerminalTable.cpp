@@ -60,6 +60,7 @@ std::vector<std::size_t> FitWidths(const std::vector<ColumnNeed>& needs, std::si
         (sumAt(limit) <= available ? fits : tooMuch) = limit;
     }
     std::vector<std::size_t> widths;
+    widths.reserve(needs.size());
     for (const ColumnNeed& need : needs)
         widths.push_back(
             std::max<std::size_t>(1, std::min(need.fNatural, std::max(need.fLeast, fits))));
