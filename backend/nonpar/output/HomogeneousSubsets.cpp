@@ -43,6 +43,34 @@ std::span<const SubsetRow> RowsOf(TestKind testKind)
     return kTwoSidedRows;
 }
 
+/// Subsets that overlap so much that their cells would not fit a host are no result of a test.
+constexpr std::size_t kMostCells = 1'000'000;
+
+/// The positions from a subset's first sample to its last, as far as there are samples.
+struct Span {
+    std::size_t fBegin = 0;
+    std::size_t fEnd = 0;
+
+    std::size_t Size() const { return fEnd - fBegin; }
+};
+
+Span SamplesOf(const std::vector<double>& subset, std::size_t samples)
+{
+    const int first = CutToInt(subset[content::kFirst]);
+    const int last = CutToInt(subset[content::kSecond]);
+    if (last < 0 || first > last) return {};
+    const auto begin = std::min(static_cast<std::size_t>(std::max(first, 0)), samples);
+    return {begin, std::min(static_cast<std::size_t>(last) + 1, samples)};
+}
+
+bool FitsAHost(const Pairwise& pairwise)
+{
+    std::size_t cells = 0;
+    for (const std::vector<double>& subset : pairwise.fContent.fRows)
+        cells += SamplesOf(subset, pairwise.fInfo.fRows[0].size()).Size();
+    return cells <= kMostCells;
+}
+
 bool HasShape(const Pairwise& pairwise)
 {
     const auto& info = pairwise.fInfo.fRows;
@@ -51,7 +79,7 @@ bool HasShape(const Pairwise& pairwise)
     };
     return info.size() == 2 && info[0].size() == info[1].size() &&
            pairwise.fContent.fColumnNames.size() == content::kColumns &&
-           std::ranges::all_of(pairwise.fContent.fRows, isWhole);
+           std::ranges::all_of(pairwise.fContent.fRows, isWhole) && FitsAHost(pairwise);
 }
 
 /// The rows of the document's table, by first position.
@@ -67,14 +95,12 @@ std::vector<const std::vector<double>*> SortedSubsets(const NumericTable& table)
 
 /// Positions outside of the samples are passed over.
 void WriteSamples(BpGroup& group, const NOPROutputStats& stats, const PostHocKind& postHoc,
-                  const Pairwise& pairwise, int first, int last)
+                  const Pairwise& pairwise, const std::vector<double>& subset)
 {
     const std::vector<double>& samples = pairwise.fInfo.fRows[0];
     const std::vector<double>& numbers = pairwise.fInfo.fRows[1];
-    if (last < 0) return;
-    const auto begin = static_cast<std::size_t>(std::max(first, 0));
-    const auto end = std::min(static_cast<std::size_t>(last) + 1, samples.size());
-    for (std::size_t position = begin; position < end; ++position) {
+    const Span span = SamplesOf(subset, samples.size());
+    for (std::size_t position = span.fBegin; position < span.fEnd; ++position) {
         const auto label = SampleText(stats, postHoc, pairwise, CutToInt(samples[position]));
         if (!label) continue;
         group.Category(*label).Cell(BpNumber(numbers[position], BpProcedure::Coefficient()));
@@ -102,13 +128,12 @@ void NOPROutput::HomogeneousSubsets(BpHeading& heading, const Pairwise& pairwise
     const PairMessages pairMessages(messages);
     int place = 0;
     for (const std::vector<double>* row : SortedSubsets(pairwise.fContent)) {
-        const int first = CutToInt((*row)[content::kFirst]);
-        const int last = CutToInt((*row)[content::kSecond]);
         subset.Category(Literal(Integer2String(++place)));
-        WriteSamples(samples, *fStats, *postHoc, pairwise, first, last);
+        WriteSamples(samples, *fStats, *postHoc, pairwise, *row);
         BpCategory statistic = statistics.Category(Lookup("Test Statistic"));
         statistic.Cell(BpNumber((*row)[content::kTestStatistic], BpProcedure::Coefficient()));
-        PairCellNotes(statistic, pairMessages, first, last);
+        PairCellNotes(statistic, pairMessages, CutToInt((*row)[content::kFirst]),
+                      CutToInt((*row)[content::kSecond]));
         for (const SubsetRow& line : RowsOf(testKind))
             statistics.Category(Lookup(line.fLabel))
                 .Cell(BpNumber((*row)[line.fColumn], line.fFormat()));
