@@ -1,5 +1,6 @@
 #include "charts/Boxplot.h"
 
+#include <algorithm>
 #include <map>
 #include <utility>
 

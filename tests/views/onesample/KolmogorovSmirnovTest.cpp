@@ -110,6 +110,17 @@ TEST(KolmogorovSmirnov, DrawsNoCurveForOtherKeysAndMissingParameters)
     EXPECT_EQ(TextOf({kNormal, {{0}, {1}, {2}}}, "no mark"), "no mark");
 }
 
+TEST(KolmogorovSmirnov, WritesParametersThatNoDistributionHas)
+{
+    for (const QORT_Format& format : {kPlain, kDate})
+        for (const double parameter : {0.0, MissingValue, 1e308, -1e-308})
+            for (const char* key : {kNormal, kUniform, kExponential}) {
+                SCOPED_TRACE(std::string(key) + " " + std::to_string(parameter));
+                const Case given = {key, {{0}, {parameter}, {parameter}}, format};
+                EXPECT_THAT(TextOf(given, "labelText</graph>"), HasSubstr("parameter=\""));
+            }
+}
+
 TEST(KolmogorovSmirnov, TellsTheParametersInALabel)
 {
     struct Row {
