@@ -1,6 +1,7 @@
 // Charts are drawn as they come into view, and all of them before printing.
 
-const charts = { screenTheme: null, fileTheme: null, drawn: new WeakMap() };
+const charts = { screenTheme: null, fileTheme: null, drawn: new WeakSet(), near: new Set(), timer: 0 };
+const kGrowth = 1.2; // a picture that needs a little more room than was kept is fitted into it
 
 // Where the themes differ in a colour, the page's scheme decides: a switch needs no new drawing.
 function pairColors(light, dark) {
@@ -53,11 +54,15 @@ function showPopup(_handler, event, _item, value) {
 async function draw(figure) {
   const box = figure.querySelector(".picture");
   if (!box || charts.drawn.has(figure)) return;
-  charts.drawn.set(figure, true);
-  box.style.minHeight = `${box.getBoundingClientRect().height}px`; // nothing below it moves
+  charts.drawn.add(figure);
+  const room = box.querySelector("svg").getAttribute("height");
+  const kept = box.getBoundingClientRect().height;
   const sheet = document.createElement("div");
   try {
     await embed(sheet, { ...JSON.parse(chartText(figure)), background: null, config: charts.screenTheme }, showPopup);
+    const picture = sheet.querySelector("svg");
+    box.style.minHeight = `${kept}px`; // nothing below it moves
+    if (picture.getAttribute("height") <= room * kGrowth) picture.style.maxHeight = `${kept}px`;
     box.replaceChildren(sheet);
     box.classList.replace("waiting", "drawn");
   } catch {
@@ -66,6 +71,25 @@ async function draw(figure) {
     line.textContent = word("not-drawn");
     box.replaceWith(line);
   }
+}
+
+// Where the layout changes anyway, on another window or on paper, pictures take the size they want.
+function releaseBoxes() {
+  for (const box of document.querySelectorAll(".picture.drawn")) {
+    box.style.minHeight = "";
+    box.querySelector("svg").style.maxHeight = "";
+  }
+}
+
+// One after the other, and while the page scrolls none: a frame has to stay short.
+function drawNear(pause) {
+  clearTimeout(charts.timer);
+  if (charts.near.size === 0) return;
+  charts.timer = setTimeout(() => {
+    const [figure] = charts.near;
+    charts.near.delete(figure);
+    draw(figure).then(() => drawNear(0));
+  }, pause);
 }
 
 // The picture as a file, drawn apart from the page and so without its styles.
@@ -102,10 +126,10 @@ function startCharts() {
   const observer = new IntersectionObserver(
     (entries) => {
       for (const { target, isIntersecting } of entries) {
-        if (!isIntersecting) continue;
-        observer.unobserve(target);
-        draw(target);
+        if (isIntersecting) charts.near.add(target);
+        else charts.near.delete(target);
       }
+      drawNear(60);
     },
     { rootMargin: "300px" },
   );
@@ -115,6 +139,15 @@ function startCharts() {
     figure.querySelector(":scope > .below").before(bar);
     observer.observe(figure);
   }
-  addEventListener("beforeprint", () => figures.forEach(draw));
-  addEventListener("scroll", () => (document.getElementById("popup").hidden = true), { passive: true });
+  addEventListener("beforeprint", () => {
+    figures.forEach(draw);
+    releaseBoxes();
+  });
+  addEventListener("resize", releaseBoxes);
+  const popup = document.getElementById("popup");
+  const onScroll = () => {
+    popup.hidden = true;
+    drawNear(60);
+  };
+  addEventListener("scroll", onScroll, { passive: true });
 }
