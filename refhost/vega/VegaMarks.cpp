@@ -66,7 +66,6 @@ void WriteWord(JsonStream& json, const char* name, const std::string& word)
 /// Rows of the layer, or of one of its marks: numbers that are missing are left out.
 void WriteRows(JsonStream& json, const MarkLayer& layer, const ResolvedMark* only)
 {
-    const bool isPath = layer.fKind == MarkKind::Line || layer.fKind == MarkKind::Area;
     json.Key("data");
     json.BeginObject();
     json.Key("values");
@@ -75,7 +74,7 @@ void WriteRows(JsonStream& json, const MarkLayer& layer, const ResolvedMark* onl
     for (const ResolvedMark& mark : layer.fMarks) {
         if (only && only != &mark) continue;
         json.BeginObject();
-        if (isPath) json.Member("i", place++);
+        if (layer.fKind == MarkKind::Line) json.Member("i", place++);
         if (!layer.fInPixels) {
             WriteNumber(json, "x", mark.fX);
             WriteNumber(json, "x2", mark.fX2);
@@ -221,9 +220,8 @@ void WriteOneLayer(JsonStream& json, const ResolvedPlot& plot, const MarkLayer& 
     } else {
         WritePlaces(json, plot, fields);
     }
-    if (layer.fKind == MarkKind::Line || layer.fKind == MarkKind::Area) {
-        WriteField(json, "order", "i", "quantitative");
-    }
+    // Of an area it would make a group of each point; an area is joined by x as it is.
+    if (layer.fKind == MarkKind::Line) WriteField(json, "order", "i", "quantitative");
     if (layer.fKind == MarkKind::Text) WriteField(json, "text", "text", "nominal");
     if (fields.fPopup) {
         WriteField(json, "tooltip", "tip", "nominal");
