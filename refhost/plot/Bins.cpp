@@ -100,7 +100,10 @@ Bins MakeBins(const std::vector<double>& numbers, BinKind kind)
     }
     const double wanted = (high - low) / WantedBins(sorted.size());
     if (!(wanted > 0.0) || !std::isfinite(wanted)) return {};
-    return Around(low, high, kind == BinKind::Date ? NiceTimeStep(wanted) : NiceStep(wanted), 0.0);
+    // Steps that are no multiple of what tells two doubles apart would lose the edges.
+    const double coarse = std::max(std::fabs(low), std::fabs(high)) * 1e-13;
+    const double least = std::max(wanted, coarse);
+    return Around(low, high, kind == BinKind::Date ? NiceTimeStep(least) : NiceStep(least), 0.0);
 }
 
 }  // namespace refhost

@@ -4,6 +4,7 @@
 #include <cctype>
 #include <iterator>
 #include <string_view>
+#include <utility>
 
 namespace refhost {
 namespace {
@@ -16,6 +17,7 @@ constexpr FillPattern kPatterns[] = {
     FillPattern::Rising,  FillPattern::Falling, FillPattern::Dotted, FillPattern::Level,
     FillPattern::Crossed, FillPattern::Upright, FillPattern::Grid,   FillPattern::Solid};
 constexpr const char* kPaleOutline = "#6B7C93";
+constexpr std::string_view kInks[] = {"#374151", "#4B5563"};  // greys of text; not on a dark page
 
 struct NamedColor {
     std::string_view fName;
@@ -75,7 +77,13 @@ PaintedColor FixedColor(const char* color) { return {Paint::Fixed, color}; }
 
 PaintedColor ColorOf(const std::string& color, const PaintedColor& otherwise)
 {
-    if (IsHexColor(color)) return {Paint::Fixed, UpperCase(color)};
+    if (IsHexColor(color)) {
+        std::string fixed = UpperCase(color);
+        if (std::find(std::begin(kInks), std::end(kInks), fixed) != std::end(kInks)) {
+            return {Paint::Quiet, {}};
+        }
+        return {Paint::Fixed, std::move(fixed)};
+    }
     if (color == "black") return {Paint::Ink, {}};
     if (color == "white") return {Paint::Ground, {}};
     for (const NamedColor& named : kNamedColors) {

@@ -9,6 +9,7 @@
 namespace refhost {
 namespace {
 
+constexpr double kAllDigitsExact = 1e15;
 constexpr std::string_view kReplacement = "\xEF\xBF\xBD";
 
 struct LeadByte {
@@ -136,14 +137,22 @@ std::string ScriptNumber(double number)
     if (number == 0.0) return "0";
     const double size = std::fabs(number);
     char room[400];
-    if (size >= 1e-6 && size < 1e21) {
+    if (size >= 1e-6 && size < kAllDigitsExact) {
         return std::string(ShortestDecimal(number, std::chars_format::fixed, room));
     }
     std::string text(ShortestDecimal(number, std::chars_format::scientific, room));
-    const std::size_t exponent = text.find('e');  // JavaScript pads no exponent: 1e-7, not 1e-07
-    if (exponent != std::string::npos && exponent + 2 < text.size() && text[exponent + 2] == '0') {
-        text.erase(exponent + 2, 1);
+    const std::size_t exponent = text.find('e');
+    if (exponent == std::string::npos) return text;
+    if (size >= 1.0 && size < 1e21) {  // the shortest digits, then zeros
+        const int power = std::stoi(text.substr(exponent + 1));
+        const std::size_t sign = number < 0.0 ? 1 : 0;
+        text.resize(exponent);
+        text.erase(std::remove(text.begin(), text.end(), '.'), text.end());
+        text.resize(sign + static_cast<std::size_t>(power) + 1, '0');
+        return text;
     }
+    // JavaScript pads no exponent: 1e-7, not 1e-07.
+    if (exponent + 2 < text.size() && text[exponent + 2] == '0') text.erase(exponent + 2, 1);
     return text;
 }
 

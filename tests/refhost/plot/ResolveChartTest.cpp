@@ -1,0 +1,286 @@
+#include "refhost/plot/ResolveChart.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <fstream>
+#include <iterator>
+#include <limits>
+
+#include "refhost/plot/PlotScales.h"
+#include "refhost/plot/SampleChart.h"
+
+namespace refhost::test {
+namespace {
+
+std::string Template(const std::string& name)
+{
+    std::ifstream file(std::string(NONPAR_SOURCE_DIR) + "/refhost/templates/" + name +
+                       ".viztemplate");
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+SampleChart Histogram()
+{
+    SampleChart chart(Template("NPARHistogram"));
+    chart.Numbers("value", {1, 2, 2.5, 3, 7, 9.5}).Numbers("count", {2, 5, 1, 7, 3, 2});
+    return chart;
+}
+
+const MarkLayer* FindLayer(const ResolvedPlot& plot, MarkKind kind)
+{
+    for (const MarkLayer& layer : plot.fLayers) {
+        if (layer.fKind == kind) return &layer;
+    }
+    return nullptr;
+}
+
+std::size_t CountMarks(const ResolvedPlot& plot, MarkKind kind)
+{
+    std::size_t count = 0;
+    for (const MarkLayer& layer : plot.fLayers) {
+        count += layer.fKind == kind ? layer.fMarks.size() : 0;
+    }
+    return count;
+}
+
+std::vector<std::string> Texts(const ResolvedPlot& plot)
+{
+    std::vector<std::string> texts;
+    for (const MarkLayer& layer : plot.fLayers) {
+        for (const ResolvedMark& mark : layer.fMarks) {
+            if (layer.fKind == MarkKind::Text) texts.push_back(mark.fText);
+        }
+    }
+    return texts;
+}
+
+TEST(ResolveChart, DrawsNothingWithoutAVisualizationOrData)
+{
+    EXPECT_EQ(ResolveChart(ChartNode()), nullptr);
+    EXPECT_EQ(SampleChart("<nothing/>").Resolve(), nullptr);
+    EXPECT_EQ(SampleChart(Template("NPARHistogram")).Resolve(), nullptr);
+    SampleChart empty(Template("NPARBoxplot"));
+    EXPECT_EQ(empty.Source("boxplotSource").Numbers("Value", {}).Resolve(), nullptr);
+}
+
+TEST(ResolveChart, BinsCountsWithoutLosingAny)
+{
+    const auto chart = Histogram().Resolve();
+    ASSERT_TRUE(chart);
+    double sum = 0;
+    for (const ResolvedMark& bar : FindLayer(chart->fPlots[0], MarkKind::Rect)->fMarks) {
+        EXPECT_EQ(bar.fY, 0);
+        sum += bar.fY2;
+    }
+    EXPECT_EQ(sum, 20);
+}
+
+TEST(ResolveChart, DrawsACurveOfTheAreaOfItsBars)
+{
+    SampleChart sample = Histogram();
+    sample.Replace("</graph>",
+                   "<line><distributionStatistic distribution=\"normal\" parameter=\"5\" "
+                   "secondaryParameter=\"0.8\"/></line></graph>");
+    const auto chart = sample.Resolve();
+    ASSERT_TRUE(chart);
+    const auto& bars = FindLayer(chart->fPlots[0], MarkKind::Rect)->fMarks;
+    const auto& curve = FindLayer(chart->fPlots[0], MarkKind::Line)->fMarks;
+    double barArea = 0, curveArea = 0;
+    for (const ResolvedMark& bar : bars) {
+        barArea += (bar.fX2 - bar.fX) * bar.fY2;
+    }
+    for (std::size_t at = 1; at < curve.size(); ++at) {
+        curveArea += (curve[at].fX - curve[at - 1].fX) * (curve[at].fY + curve[at - 1].fY) / 2;
+    }
+    EXPECT_NEAR(curveArea, barArea, barArea * 0.01);
+    EXPECT_GE(chart->fPlots[0].fY.fMax, 20 * (bars[0].fX2 - bars[0].fX) * 0.49)
+        << "the axis makes room for the curve";
+}
+
+TEST(ResolveChart, PutsGuidesWhereTheTreeSays)
+{
+    SampleChart sample = Histogram();
+    tree::LineGuide guide;
+    guide.fPlace = "4.25";
+    sample.Tree().fGraphs[0].fLineGuides.push_back(guide);
+    guide.fPlace = "14";
+    sample.Tree().fGraphs[0].fLineGuides.push_back(guide);
+    guide.fPlace = "no number";
+    sample.Tree().fGraphs[0].fLineGuides.push_back(guide);
+    const auto chart = sample.Resolve();
+    ASSERT_TRUE(chart);
+    std::vector<double> places;
+    for (const MarkLayer& layer : chart->fPlots[0].fLayers) {
+        for (const ResolvedMark& mark : layer.fMarks) {
+            if (layer.fKind == MarkKind::Rule) places.push_back(mark.fX);
+        }
+    }
+    EXPECT_EQ(places, (std::vector<double>{4.25, 14}));
+    EXPECT_GT(chart->fPlots[0].fX.fMax, 14) << "a guide beyond the data is seen all the same";
+}
+
+TEST(ResolveChart, PutsAFrameAtItsPercentageOfThePicture)
+{
+    SampleChart sample = Histogram();
+    tree::LabelFrame frame;
+    frame.fId = "note";
+    frame.fLocations.resize(2);
+    frame.fLocations[0].fPart = ENUM_part::Left;
+    frame.fLocations[1].fPart = ENUM_part::Top;
+    frame.fLabels.emplace_back().fTexts.push_back({"", "a note"});
+    const auto placeOf = [&](const char* left, const char* top) {
+        SampleChart copy = sample;
+        frame.fLocations[0].fValue = left;
+        frame.fLocations[1].fValue = top;
+        copy.Tree().fLabelFrames.push_back(frame);
+        const auto chart = copy.Resolve();
+        for (const MarkLayer& layer : chart->fPlots[0].fLayers) {
+            if (!layer.fMarks.empty() && layer.fMarks[0].fText == "a note") return layer.fMarks[0];
+        }
+        return ResolvedMark();
+    };
+    const ResolvedMark far = placeOf("80%", "50%"), near = placeOf("30%", "35%");
+    EXPECT_NEAR(far.fX - near.fX, 0.5 * 500, 1e-9) << "half of the usual picture's width";
+    EXPECT_NEAR(far.fY - near.fY, 0.15 * 320, 1e-9);
+}
+
+TEST(ResolveChart, KeepsCategoriesOfOneLabelApartAndInTheirOrder)
+{
+    SampleChart sample(Template("NPARStackedBar"));
+    sample.Replace("CategoryOrderText", "No;Yes")
+        .Replace("scalingFactor=\"1\"", "scalingFactor=\"0.5\"");
+    sample.Texts("categories", {"b", "b", "a", "a"}).Texts("type", {"Yes", "No", "Yes", "No"});
+    sample.Numbers("value", {40, 60, 50, 50});
+    sample.Set("categories").fRelabels = {{"a", "same"}, {"b", "same"}};
+    const auto chart = sample.Resolve();
+    ASSERT_TRUE(chart);
+    const ResolvedPlot& plot = chart->fPlots[0];
+    ASSERT_EQ(plot.fX.fCategories.size(), 2u);
+    EXPECT_EQ(plot.fX.fCategories[0].fKey, "b") << "the data's order, not the alphabet";
+    EXPECT_EQ(plot.fX.fCategories[1].fLabel, "same");
+    const auto& first = FindLayer(plot, MarkKind::Rect)->fMarks.front();
+    EXPECT_EQ(first.fSeries, "No") << "the first category is at the bottom";
+    EXPECT_EQ(first.fY, 0);
+    EXPECT_EQ(first.fY2, 120) << "the percentage divided by the factor";
+    ASSERT_EQ(chart->fLegends.size(), 1u);
+    EXPECT_EQ(chart->fLegends[0].fEntries[0].fKey, "No");
+}
+
+TEST(ResolveChart, MirrorsTwoGroupsOnOneCountRange)
+{
+    struct Row {
+        const char* name;
+        bool isSideBySide;
+    };
+    for (const Row& row :
+         {Row{"NPARRelatedSamplesHistogram", true}, Row{"NPARKolmogorovSmirnov", false}}) {
+        SCOPED_TRACE(row.name);
+        SampleChart sample(Template(row.name));
+        sample.Replace("alternating=\"false\" side=\"x\"", "alternating=\"true\" side=\"y\"");
+        sample.Replace("invert=\"true\"", "invert=\"false\"");
+        sample.Numbers("COUNTS", {3, 4, 5, 1, 1}).Numbers("MEANS", {10, 20, 30, 20, 40});
+        sample.Texts("TYPES", {"f", "f", "f", "m", "m"});
+        const auto chart = sample.Resolve();
+        ASSERT_TRUE(chart);
+        ASSERT_EQ(chart->fPlots.size(), 2u);
+        double sums[2] = {0, 0};
+        for (int side = 0; side < 2; ++side) {
+            const ResolvedPlot& plot = chart->fPlots[static_cast<std::size_t>(side)];
+            for (const ResolvedMark& bar : FindLayer(plot, MarkKind::Rect)->fMarks) {
+                sums[side] += row.isSideBySide ? bar.fX2 : bar.fY2;
+            }
+        }
+        EXPECT_EQ(sums[0], 12);
+        EXPECT_EQ(sums[1], 2);
+        const auto& first = row.isSideBySide ? chart->fPlots[0].fX : chart->fPlots[0].fY;
+        const auto& second = row.isSideBySide ? chart->fPlots[1].fX : chart->fPlots[1].fY;
+        EXPECT_EQ(first.fMax, second.fMax);
+        EXPECT_NE(first.fReversed, second.fReversed);
+        EXPECT_EQ(first.fReversed, row.isSideBySide) << "bars grow away from the common border";
+    }
+}
+
+TEST(ResolveChart, DrawsTheCellsOfACrossTable)
+{
+    SampleChart sample(Template("FacetBarChart"));
+    const ChartValue none = std::string();
+    sample.Column("CellText", {9.0, none, none, none, none, 8.0});
+    sample.Numbers("Row", {0, 0, 0, 1, 1, 1}).Numbers("Column", {0, 1, 1, 0, 0, 1});
+    sample.Numbers("Category", {0, 0, 1, 0, 1, 0});
+    sample.Column("CellValue", {none, 10.0, 7.0, 4.0, 7.0, none});
+    sample.Set("celltext").fPrefix = "Observed Frequency\n ";
+    const auto chart = sample.Resolve();
+    ASSERT_TRUE(chart);
+    ASSERT_EQ(chart->fPlots.size(), 4u);
+    EXPECT_EQ(chart->fColumns, 2);
+    const std::size_t bars[] = {0, 2, 2, 0};
+    for (std::size_t cell = 0; cell < 4; ++cell) {
+        EXPECT_EQ(CountMarks(chart->fPlots[cell], MarkKind::Rect), bars[cell]) << cell;
+        EXPECT_EQ(chart->fPlots[cell].fY.fMax, chart->fPlots[0].fY.fMax) << "one count range";
+    }
+    EXPECT_EQ(Texts(chart->fPlots[0]), std::vector<std::string>{"Observed Frequency\n 9"});
+    EXPECT_EQ(Texts(chart->fPlots[1]), (std::vector<std::string>{"10", "7"}));
+}
+
+TEST(ResolveChart, DrawsEdgesOnlyForPairsInTheData)
+{
+    SampleChart sample(Template("GLMMPairwiseContrasts"));
+    sample.Source("nodeSource_1").Numbers("node", {0, 1, 2, 3});
+    sample.Source("edgeSource_1").Numbers("from", {0, 1, 2}).Numbers("to", {1, 2, 9});
+    sample.Numbers("weight", {1, 4, 1}).Numbers("weightInPopup", {0.001, 0.5, 0.2});
+    sample.Numbers("type", {1, 2, 1});
+    sample.Set("node").fRelabels = {{"0", "casein\n52.33"}};
+    const auto chart = sample.Resolve();
+    ASSERT_TRUE(chart);
+    const ResolvedPlot& plot = chart->fPlots[0];
+    EXPECT_EQ(CountMarks(plot, MarkKind::Rule), 2u) << "no edge to a node that isn't there";
+    EXPECT_EQ(CountMarks(plot, MarkKind::Point), 4u);
+    EXPECT_EQ(Texts(plot).front(), "casein\n52.33");
+    for (const MarkLayer& layer : plot.fLayers) {
+        if (layer.fKind != MarkKind::Rule) continue;
+        const bool isSignificant = layer.fMarks[0].fSeries == "1";
+        EXPECT_EQ(layer.fStyle.fDash.empty(), isSignificant) << "not by colour alone";
+    }
+}
+
+TEST(ResolveChart, TakesHostileNumbersAndCountsOfCategories)
+{
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    const double infinite = std::numeric_limits<double>::infinity();
+    const double largest = std::numeric_limits<double>::max();
+    const std::vector<double> hostile = {nan, infinite, -infinite, largest, -largest, 1e308,
+                                         0,   -0.0,     1e-300,    5,       -7};
+    for (const char* name :
+         {"NPARHistogram", "NPARBoxplot", "NPARStackedBar", "NPARChiSquareTest",
+          "NPARRelatedSamplesHistogram", "NPARKolmogorovSmirnov", "NPARWilcoxonPairSignedRank",
+          "FacetBarChart", "GLMMPairwiseContrasts"}) {
+        SCOPED_TRACE(name);
+        SampleChart sample(Template(name));
+        for (const tree::SourceVariable& variable : SampleChart(sample).Tree().fSourceVariables) {
+            sample.Source(variable.fSource).Numbers(variable.fColumn, hostile);
+        }
+        if (const auto chart = sample.Resolve()) {
+            for (const ResolvedPlot& plot : chart->fPlots) {
+                EXPECT_TRUE(std::isfinite(plot.fX.fMax - plot.fX.fMin));
+                EXPECT_GT(plot.fY.fMax, plot.fY.fMin);
+                EXPECT_LT(plot.fWidth, 5000);
+            }
+        }
+    }
+    std::vector<std::string> many;
+    for (int category = 0; category < 20'000; ++category) {
+        many.push_back("category " + std::to_string(category));
+    }
+    SampleChart crowded(Template("NPARStackedBar"));
+    crowded.Texts("categories", many).Texts("type", many);
+    crowded.Numbers("value", std::vector<double>(many.size(), 1.0));
+    const auto chart = crowded.Resolve();
+    ASSERT_TRUE(chart);
+    EXPECT_EQ(chart->fPlots[0].fX.fCategories.size(), 100u);
+    ASSERT_FALSE(chart->fNotes.empty());
+    EXPECT_EQ(chart->fNotes[0], "The first 100 of 20000 categories are drawn.");
+}
+
+}  // namespace
+}  // namespace refhost::test

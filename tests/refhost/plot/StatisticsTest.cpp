@@ -1,0 +1,168 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <vector>
+
+#include "refhost/plot/Bins.h"
+#include "refhost/plot/Curves.h"
+#include "refhost/plot/Ticks.h"
+
+namespace refhost {
+namespace {
+
+constexpr double kDay = 86'400'000.0;
+
+TEST(MakeBins, HoldsEveryNumberBetweenRoundEdges)
+{
+    struct Row {
+        std::vector<double> numbers;
+        BinKind kind;
+        double width;  ///< expected; 0: any
+        const char* why;
+    };
+    for (const Row& row : {
+             Row{{108, 423, 250, 300, 199}, BinKind::Number, 50, "edges at fifties"},
+             Row{{7}, BinKind::Number, 1, "a single number has a bin of its own"},
+             Row{{0, 1, 2, 3, 8}, BinKind::Whole, 1, "around whole numbers"},
+             Row{{0, 1000}, BinKind::Whole, 0, "many whole numbers share a bin"},
+             Row{{0.1, 0.2, 0.30000000000000004}, BinKind::Number, 0, "sums that miss an edge"},
+             Row{{-1e15, -1e15 + 1}, BinKind::Number, 0, "hardly apart for their size"},
+             Row{{0, 40 * kDay}, BinKind::Date, 7 * kDay, "weeks"},
+             Row{{1e300, -1e300}, BinKind::Number, 0, "as wide as doubles go"},
+         }) {
+        SCOPED_TRACE(row.why);
+        const Bins bins = MakeBins(row.numbers, row.kind);
+        ASSERT_GT(bins.fCount, 0u);
+        EXPECT_LE(bins.fCount, 200u);
+        if (row.width > 0) {
+            EXPECT_DOUBLE_EQ(bins.fWidth, row.width);
+        }
+        for (const double number : row.numbers) {
+            EXPECT_LT(bins.Find(number), bins.fCount) << number;
+        }
+    }
+}
+
+TEST(MakeBins, PutsASingleNumberIntoTheMiddle)
+{
+    const Bins bins = MakeBins({7, 7, 7}, BinKind::Number);
+    EXPECT_EQ(bins.Edge(0), 6.5);
+    EXPECT_EQ(bins.Edge(1), 7.5);
+}
+
+TEST(MakeBins, HasNoneForRangesBeyondTheNumbers)
+{
+    EXPECT_EQ(MakeBins({}, BinKind::Number).fCount, 0u);
+    const double largest = std::numeric_limits<double>::max();
+    EXPECT_EQ(MakeBins({-largest, largest}, BinKind::Number).fCount, 0u);
+}
+
+TEST(CurvePoints, CoverTheAreaOfTheBars)
+{
+    struct Row {
+        CurveShape shape;
+        double low, high;
+        const char* why;
+    };
+    constexpr double kScale = 71 * 50.0;  // rows times bin width
+    for (const Row& row : {
+             Row{{tree::Distribution::Normal, 260, 20}, 100, 420, "normal"},
+             Row{{tree::Distribution::Uniform, 108, 423}, 100, 450, "uniform"},
+             Row{{tree::Distribution::Exponential, 0.25, 0}, 0, 60, "exponential"},
+         }) {
+        SCOPED_TRACE(row.why);
+        const auto points = CurvePoints(row.shape, row.low, row.high, kScale, std::nullopt);
+        double area = 0;
+        for (std::size_t at = 1; at < points.size(); ++at) {
+            area += (points[at].fX - points[at - 1].fX) * (points[at].fY + points[at - 1].fY) / 2;
+        }
+        EXPECT_NEAR(area, kScale, kScale * 0.005);
+    }
+}
+
+TEST(CurvePoints, OfPoissonStandAtWholeNumbersAndSumToTheRows)
+{
+    const CurveShape shape{tree::Distribution::Poisson, 3.25, 0};
+    const auto points = CurvePoints(shape, -0.5, 30.5, 200.0, Bins{-0.5, 1.0, 31});
+    double sum = 0;
+    for (const CurvePoint& point : points) {
+        EXPECT_EQ(point.fX, std::floor(point.fX));
+        sum += point.fY;
+    }
+    EXPECT_NEAR(sum, 200.0, 1e-6);
+    EXPECT_NEAR(points.front().fY, 200.0 * std::exp(-3.25), 1e-9);
+
+    const auto wide = CurvePoints(shape, -0.5, 29.5, 200.0 * 5, Bins{-0.5, 5.0, 6});
+    double area = 0;
+    for (const CurvePoint& point : wide) {
+        area += point.fY;
+    }
+    EXPECT_NEAR(area, 200.0, 1e-6) << "a bin of several counts has the sum of them";
+}
+
+TEST(ShapeOf, RefusesParametersOutOfRange)
+{
+    using tree::Distribution;
+    struct Row {
+        tree::DistributionStatistic statistic;
+        bool isDrawn;
+        const char* why;
+    };
+    const auto number = [](double value) {
+        return tree::Parameter{tree::ParameterKind::Number, value};
+    };
+    const double infinite = std::numeric_limits<double>::infinity();
+    for (const Row& row : {
+             Row{{Distribution::Normal, number(0), number(1)}, true, "the standard normal"},
+             Row{{Distribution::Normal, number(0), number(0)}, false, "no spread"},
+             Row{{Distribution::Normal, number(0), std::nullopt}, false, "no spread given"},
+             Row{{Distribution::Uniform, number(2), number(2)}, false, "no range"},
+             Row{{Distribution::Exponential, number(infinite), std::nullopt}, false, "mean of 0"},
+             Row{{Distribution::Poisson, number(-1), std::nullopt}, false, "negative mean"},
+         }) {
+        EXPECT_EQ(ShapeOf(row.statistic, false).has_value(), row.isDrawn) << row.why;
+    }
+}
+
+TEST(CountRange, StartsAtZeroWithFewWholeTicksAndAir)
+{
+    for (const double most : {1.0, 2.0, 3.0, 14.0, 17.0, 29.0, 99.0, 1234.0, 1e9}) {
+        SCOPED_TRACE(most);
+        const TickedRange range = CountRange(most, 8, /*air=*/false);
+        EXPECT_EQ(range.fMin, 0);
+        EXPECT_GT(range.fMax, most);
+        EXPECT_LE(range.fTicks.size(), 8u);
+        EXPECT_GE(range.fTicks.size(), 2u);
+        for (const AxisTick& tick : range.fTicks) {
+            if (most >= 2) {
+                EXPECT_EQ(tick.fAt, std::floor(tick.fAt));
+            }
+        }
+    }
+}
+
+TEST(TickText, ShowsAsManyDecimalsAsTheStepNeeds)
+{
+    EXPECT_EQ(TickText(0.30000000000000004, 0.1), "0.3");
+    EXPECT_EQ(TickText(-5, 5),
+              "\xE2\x88\x92"
+              "5");
+    EXPECT_EQ(TickText(250, 50), "250");
+    EXPECT_EQ(TickText(1e-17, 0.5), "0");
+    EXPECT_LE(TickText(1e300, 1e299).size(), 12u);
+}
+
+TEST(TimeTicksWithin, StandAtTheFirstOfMonthsWhereTheSpanIsLong)
+{
+    const auto ticks = TimeTicksWithin(0, 400 * kDay, 6);
+    ASSERT_GE(ticks.size(), 4u);
+    EXPECT_EQ(ticks.front().fLabel, "1970-01-01");
+    for (const AxisTick& tick : ticks) {
+        EXPECT_EQ(tick.fLabel.substr(8), "01") << tick.fLabel;
+    }
+    EXPECT_LE(TimeTicksWithin(-9e15, 9e15, 6).size(), 50u);
+}
+
+}  // namespace
+}  // namespace refhost

@@ -1,0 +1,207 @@
+#include "refhost/vega/VegaLiteWriter.h"
+
+#include <gtest/gtest.h>
+#include <rapidjson/document.h>
+
+#include <limits>
+#include <string>
+
+#include "refhost/plot/ResolvedChart.h"
+#include "refhost/vega/JsonStream.h"
+#include "refhost/vega/VegaTheme.h"
+
+namespace refhost {
+namespace {
+
+/// One bar, one text and a legend; `label` stands wherever a user's text can.
+ResolvedChart ChartOf(const std::string& label)
+{
+    ResolvedChart chart;
+    chart.fTitle = chart.fSubtitle = chart.fFootnote = chart.fDescription = label;
+    ResolvedPlot plot;
+    plot.fWidth = 300;
+    plot.fHeight = 200;
+    plot.fX = {ScaleKind::Category, -0.5, 1.5, false, {{"constructor", label}, {"1", label}}};
+    plot.fY.fMax = 20;
+    ResolvedAxis axis;
+    axis.fTitle = label;
+    axis.fTicks = {{0, label}, {1, label}};
+    plot.fAxes.push_back(axis);
+    MarkLayer bars;
+    bars.fStyle.fFill = {Paint::Fixed, "#123456"};
+    ResolvedMark bar;
+    bar.fX = -0.4, bar.fX2 = 0.4, bar.fY = 0, bar.fY2 = 12;
+    bar.fKey = label;
+    bar.fPopup = label;
+    bars.fMarks.push_back(bar);
+    plot.fLayers.push_back(bars);
+    MarkLayer texts;
+    texts.fKind = MarkKind::Text;
+    texts.fInPixels = true;
+    texts.fStyle.fFill = {Paint::Ink, {}};
+    ResolvedMark text;
+    text.fX = text.fY = 5;
+    text.fText = label;
+    texts.fMarks.push_back(text);
+    plot.fLayers.push_back(texts);
+    chart.fPlots.push_back(plot);
+    ResolvedLegend legend;
+    legend.fTitle = label;
+    legend.fEntries.push_back({"toString", label, bars.fStyle});
+    chart.fLegends.push_back(legend);
+    return chart;
+}
+
+rapidjson::Document Parsed(const std::string& text)
+{
+    rapidjson::Document document;
+    document.Parse<rapidjson::kParseValidateEncodingFlag | rapidjson::kParseFullPrecisionFlag>(
+        text.c_str());
+    EXPECT_FALSE(document.HasParseError()) << text;
+    return document;
+}
+
+/// Calls `visit` with each member of each object, at any depth.
+template <typename Visit>
+void Walk(const rapidjson::Value& value, const Visit& visit)
+{
+    if (value.IsObject()) {
+        for (const auto& member : value.GetObject()) {
+            visit(std::string(member.name.GetString()), member.value);
+            Walk(member.value, visit);
+        }
+    } else if (value.IsArray()) {
+        for (const auto& item : value.GetArray()) {
+            Walk(item, visit);
+        }
+    }
+}
+
+TEST(VegaLiteText, IsValidJsonWhateverTheLabelsHold)
+{
+    struct Row {
+        std::string label;
+        const char* why;
+    };
+    for (const Row& row : {
+             Row{"R&D \"x\" <b> \\", "quotes, markup, a backslash at the end"},
+             Row{"two\nlines", "a line feed"},
+             Row{"line\xE2\x80\xA8separator", "U+2028"},
+             Row{"\xff\xfe\xc3", "bytes that are no UTF-8"},
+             Row{"\xED\xA0\x80", "half of a surrogate pair"},
+             Row{std::string("a\0b", 3), "a zero byte"},
+             Row{"</script><script>", "the end of a script element"},
+             Row{"", "nothing"},
+             Row{"\xE6\xBC\xA2\xE5\xAD\x97 \xF0\x9F\x93\x8A", "other scripts"},
+         }) {
+        SCOPED_TRACE(row.why);
+        const std::string text = VegaLiteFile(ChartOf(row.label));
+        EXPECT_TRUE(Parsed(text).IsObject());
+        EXPECT_EQ(text.find('<'), std::string::npos) << "may stand in a script element";
+        Parsed(VegaLiteText(ChartOf(row.label)));
+    }
+}
+
+TEST(VegaLiteText, KeepsUserTextsOutOfWhatIsMadeIntoExpressions)
+{
+    const std::string label = "user's \"text\" \\";
+    const rapidjson::Document document = Parsed(VegaLiteText(ChartOf(label)));
+    Walk(document, [&](const std::string& name, const rapidjson::Value& value) {
+        if (name == "labelExpr" || name == "expr" || name == "calculate" || name == "filter") {
+            EXPECT_EQ(std::string(value.GetString()).find("user"), std::string::npos);
+            EXPECT_EQ(std::string(value.GetString()).find("width"), std::string::npos);
+        }
+        if (name == "x" || name == "y" || name == "tooltip" || name == "description" ||
+            name == "fill" || name == "text") {
+            if (!value.IsObject()) return;
+            EXPECT_FALSE(value.HasMember("title")) << name;
+        }
+        for (const char* work : {"aggregate", "bin", "density", "transform"}) {
+            EXPECT_NE(name, work) << "marks are finished";
+        }
+    });
+}
+
+TEST(VegaLiteText, LooksLabelsUpByPrefixedKeys)
+{
+    const rapidjson::Document document = Parsed(VegaLiteText(ChartOf("label")));
+    ASSERT_TRUE(document.HasMember("params"));
+    std::size_t keys = 0;
+    for (const auto& parameter : document["params"].GetArray()) {
+        for (const auto& member : parameter["value"].GetObject()) {
+            EXPECT_EQ(member.name.GetString()[0], '=');
+            ++keys;
+        }
+    }
+    EXPECT_EQ(keys, 3u) << "two ticks and an entry of the legend";
+}
+
+TEST(VegaLiteText, LeavesMissingNumbersOutOfRows)
+{
+    ResolvedChart chart = ChartOf("label");
+    ResolvedMark& bar = chart.fPlots[0].fLayers[0].fMarks[0];
+    bar.fX2 = std::numeric_limits<double>::infinity();
+    bar.fY2 = kOpen;
+    const std::string text = VegaLiteText(chart);
+    Parsed(text);
+    EXPECT_EQ(text.find("\"y2\":null"), std::string::npos);
+    EXPECT_EQ(text.find("\"x2\":null"), std::string::npos);
+}
+
+TEST(VegaLiteText, DrawsPatternsAsLinesWithinTheBars)
+{
+    ResolvedChart chart = ChartOf("label");
+    chart.fPlots[0].fLayers[0].fStyle.fPattern = FillPattern::Crossed;
+    const rapidjson::Document document = Parsed(VegaLiteText(chart));
+    std::size_t lines = 0;
+    for (const auto& layer : document["layer"].GetArray()) {
+        if (!layer["mark"].IsObject() || layer["mark"]["type"] != "rule") continue;
+        for (const auto& row : layer["data"]["values"].GetArray()) {
+            ++lines;
+            for (const char* x : {"x", "x2"}) {
+                EXPECT_GE(row[x].GetDouble(), -0.4 - 1e-9);
+                EXPECT_LE(row[x].GetDouble(), 0.4 + 1e-9);
+            }
+            for (const char* y : {"y", "y2"}) {
+                EXPECT_GE(row[y].GetDouble(), -1e-9);
+                EXPECT_LE(row[y].GetDouble(), 12 + 1e-9);
+            }
+        }
+    }
+    EXPECT_GT(lines, 20u);
+}
+
+TEST(VegaLiteText, HasItsTextsInsideOnlyInAFile)
+{
+    EXPECT_FALSE(Parsed(VegaLiteText(ChartOf("label"))).HasMember("title"));
+    const rapidjson::Document file = Parsed(VegaLiteFile(ChartOf("label")));
+    EXPECT_TRUE(file.HasMember("title"));
+    EXPECT_TRUE(file.HasMember("config"));
+}
+
+TEST(VegaThemeText, NamesTheSameColoursOnBothGrounds)
+{
+    const rapidjson::Document light = Parsed(std::string(VegaThemeText(VegaTheme::Light)));
+    const rapidjson::Document dark = Parsed(std::string(VegaThemeText(VegaTheme::Dark)));
+    ASSERT_EQ(light["params"].Size(), dark["params"].Size());
+    for (rapidjson::SizeType at = 0; at < light["params"].Size(); ++at) {
+        EXPECT_EQ(light["params"][at]["name"], dark["params"][at]["name"]);
+    }
+    EXPECT_NE(light["background"], dark["background"]);
+}
+
+TEST(ScriptNumber, IsWrittenAsAScriptWouldTurnItIntoText)
+{
+    struct Row {
+        double number;
+        const char* text;
+    };
+    for (const Row& row : {Row{0.1, "0.1"}, Row{-0.0, "0"}, Row{1e21, "1e+21"}, Row{1e-7, "1e-7"},
+                           Row{123456789012345680000.0, "123456789012345680000"},
+                           Row{0.000001, "0.000001"}, Row{-2.5, "-2.5"}}) {
+        EXPECT_EQ(ScriptNumber(row.number), row.text);
+    }
+}
+
+}  // namespace
+}  // namespace refhost
