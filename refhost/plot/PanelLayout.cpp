@@ -27,6 +27,7 @@ constexpr double kPlotGap = 18.0;
 constexpr double kGridGap = 8.0;
 constexpr double kNarrowestPlot = 64.0;
 constexpr double kLowestPlot = 56.0;
+constexpr double kHighestHeader = 96.0;
 constexpr double kCategoryRoom = 20.0;  // the least for a slanted label
 constexpr double kLabelAir = 8.0;
 
@@ -152,6 +153,13 @@ double LeastWidth(const PanelGrid& grid, const PlotSpace& space)
     return least;
 }
 
+/// What a plot needs at least for the turned header beside it.
+double LeastHeight(const PanelGrid& grid)
+{
+    if (grid.fAlternates) return kLowestPlot;
+    return std::clamp(HeaderWidth(grid.fRowHeaders) + kLabelAir, kLowestPlot, kHighestHeader);
+}
+
 bool NeedsSlant(const PanelLayout& layout)
 {
     if (layout.fX.fScale.fKind != ScaleKind::Category || layout.fX.fTicks.empty()) return false;
@@ -202,6 +210,10 @@ void AddAxis(const ChartContext& context, const PanelGrid& grid, const Panel& pa
         TextBlockWidth(resolved.fTitle, kHeaderFont) > layout.fPlotWidth + layout.fColumnSpacing) {
         resolved.fTitle.clear();
     }
+    if (isUpright && grid.fRows > 2 && panel.fRow != grid.fRows / 2 &&
+        TextBlockWidth(resolved.fTitle, kHeaderFont) > layout.fPlotHeight) {
+        resolved.fTitle.clear();
+    }
     resolved.fTicks = isUpright ? layout.fY.fTicks : layout.fX.fTicks;
     resolved.fGrid = axis->fGrid;
     resolved.fLabels = shows && axis->fTicks;
@@ -248,8 +260,8 @@ PanelLayout LayOutPanels(const ChartContext& context, const PanelGrid& grid, con
         headers + (mirrorsRows ? stripX : 0.0) + (HasFrameOnTop(context) ? kTitleStrip : 0.0);
     const auto rows = static_cast<double>(grid.fRows);
     const double inner = bottom - top - (grid.fWraps ? 0.0 : layout.fRowSpacing * (rows - 1.0));
-    layout.fPlotHeight =
-        grid.fWraps ? std::max(kLowestPlot, inner - headers) : std::max(kLowestPlot, inner / rows);
+    layout.fPlotHeight = grid.fWraps ? std::max(kLowestPlot, inner - headers)
+                                     : std::max(LeastHeight(grid), inner / rows);
     layout.fY = ScaleDirection(space.fY, layout.fPlotHeight, /*isUpright=*/true);
     layout.fLeftExtent = axisY && axisY->fTicks ? kTickGap + WidestLabel(layout.fY.fTicks) : 0.0;
 

@@ -9,6 +9,7 @@ namespace refhost {
 namespace {
 
 constexpr int kMostTicks = 8;
+constexpr double kNumberHeight = 18.0;   // of the number on top of a bar
 constexpr double kPixelsUpright = 30.0;  // between ticks
 constexpr double kPixelsLying = 48.0;
 constexpr double kPixelsOfDates = 90.0;
@@ -40,7 +41,8 @@ void SetRange(ScaledDirection& scaled, TickedRange range)
     scaled.fTicks = std::move(range.fTicks);
 }
 
-TickedRange NumberRange(const PlotDirection& direction, const Extent& extent, int ticks)
+TickedRange NumberRange(const PlotDirection& direction, const Extent& extent, int ticks,
+                        double pixels)
 {
     const bool isTime = direction.fKind == ScaleKind::Time;
     const auto within = [isTime, ticks](double low, double high) {
@@ -51,7 +53,7 @@ TickedRange NumberRange(const PlotDirection& direction, const Extent& extent, in
     double high = direction.fMax.value_or(extent.fHigh);
     const bool isFixed = direction.fMin && direction.fMax;
     if (direction.fCounts && low >= 0.0 && !direction.fMax) {
-        return CountRange(high, ticks, direction.fAir);
+        return CountRange(high, ticks, direction.fAir ? kNumberHeight / pixels : 0.0);
     }
     if (isFixed || direction.fTight) {
         if (!(high > low)) high = low + 1.0;
@@ -76,7 +78,7 @@ ScaledDirection ScaleDirection(const PlotDirection& direction, double pixels, bo
     const bool hasLongLabels = direction.fKind == ScaleKind::Time ||
                                (direction.fVariable && direction.fVariable->IsDuration());
     const double apart = isUpright ? kPixelsUpright : hasLongLabels ? kPixelsOfDates : kPixelsLying;
-    SetRange(scaled, NumberRange(direction, extent, TickCount(pixels, apart)));
+    SetRange(scaled, NumberRange(direction, extent, TickCount(pixels, apart), pixels));
     if (direction.fVariable && direction.fVariable->IsDuration() && !direction.fCounts) {
         for (AxisTick& tick : scaled.fTicks) {
             tick.fLabel = direction.fVariable->NumberText(tick.fAt);

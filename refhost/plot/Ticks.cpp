@@ -11,8 +11,7 @@
 namespace refhost {
 namespace {
 
-constexpr double kAir = 1.03;            // above the tallest bar
-constexpr double kAirForNumbers = 1.22;  // for the number on top of it
+constexpr double kAir = 1.03;  // above the tallest bar
 constexpr int kFewTicks = 5;
 constexpr double kDay = 86'400'000.0;
 constexpr int kTickLimit = 50;
@@ -83,15 +82,15 @@ std::string TickText(double number, double step)
     return WithMinusSign(FixedText(number, decimals));
 }
 
-TickedRange CountRange(double most, int ticks, bool air)
+TickedRange CountRange(double most, int ticks, double air)
 {
     const double top = std::isfinite(most) && most > 0.0 ? most : 1.0;
-    const bool endsAtTick = !air && ticks >= kFewTicks;
+    const bool endsAtTick = air <= 0.0 && ticks >= kFewTicks;
     double step = NiceStep(top * kAir / std::max(1, endsAtTick ? ticks - 1 : ticks));
-    if (top >= 2.0) step = std::max(1.0, step);
+    if (top >= 2.0 || top == std::floor(top)) step = std::max(1.0, step);
     TickedRange range;
     range.fMax = endsAtTick ? std::ceil(top * kAir / step - 1e-9) * step
-                            : top * (air ? kAirForNumbers : kAir);
+                            : top * std::max(kAir, 1.0 / (1.0 - std::min(air, 0.5)));
     range.fTicks = SteppedTicks(0.0, range.fMax, step);
     return range;
 }

@@ -15,8 +15,9 @@ struct TickedRange {
 };
 
 /// From 0 to a little above `most`, with at most `ticks` ticks; at whole numbers where `most` is
-/// large enough for two of them. A range of few ticks does not end at one, nor does one with `air`.
-TickedRange CountRange(double most, int ticks, bool air);
+/// whole itself. A range of few ticks does not end at one, nor does one with `air`: a part of the
+/// range that stays free above `most`.
+TickedRange CountRange(double most, int ticks, double air);
 
 /// A range that begins and ends at ticks around the numbers from `low` to `high`.
 TickedRange RoundRange(double low, double high, int ticks);

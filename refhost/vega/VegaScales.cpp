@@ -45,14 +45,13 @@ void WriteScale(JsonStream& json, const ResolvedScale& scale)
 {
     json.Key("scale");
     json.BeginObject();
-    if (scale.fKind == ScaleKind::Time) json.Member("type", "utc");
     json.Key("domain");
     json.BeginArray();
     json.Value(scale.fMin);
     json.Value(scale.fMax);
     json.EndArray();
     json.Member("nice", false);
-    if (scale.fKind != ScaleKind::Time) json.Member("zero", false);
+    json.Member("zero", false);
     if (scale.fReversed) json.Member("reverse", true);
     json.EndObject();
 }
@@ -181,7 +180,7 @@ void WritePositions(JsonStream& json, const ResolvedPlot& plot, const LabelParam
         json.Key(row.fChannel);
         json.BeginObject();
         json.Member("field", row.fChannel);
-        json.Member("type", row.fScale.fKind == ScaleKind::Time ? "temporal" : "quantitative");
+        json.Member("type", "quantitative");  // also times: their ticks have texts already
         json.Key("sort");
         json.Null();
         WriteScale(json, row.fScale);
