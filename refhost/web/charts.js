@@ -61,6 +61,9 @@ async function draw(figure) {
   try {
     await embed(sheet, { ...JSON.parse(chartText(figure)), background: null, config: charts.screenTheme }, showPopup);
     const picture = sheet.querySelector("svg");
+    // A group of marks that has none is announced as a picture without a name.
+    for (const group of sheet.querySelectorAll('[role="graphics-symbol"]:not([aria-label])'))
+      for (const name of ["role", "aria-roledescription"]) group.removeAttribute(name);
     box.style.minHeight = `${kept}px`; // nothing below it moves
     if (picture.getAttribute("height") <= room * kGrowth) picture.style.maxHeight = `${kept}px`;
     box.replaceChildren(sheet);

@@ -143,12 +143,13 @@ function markCurrent(link) {
 // may be a small one, or too close to the end of the page to reach that line.
 function followView() {
   const targets = tree.links.map((link) => document.getElementById(link.hash.slice(1)));
+  const placeOf = new Map(targets.map((target, at) => [`#${target.id}`, at]));
   const kLine = 120;
   const top = (at) => targets[at].getBoundingClientRect().top;
   const linkInView = () => {
     const atEnd = window.innerHeight + window.scrollY >= root.scrollHeight - 2;
-    const gone = targets.findIndex((target) => `#${target.id}` === location.hash);
-    if (gone >= 0 && top(gone) >= 0 && top(gone) <= (atEnd ? window.innerHeight : kLine)) return tree.links[gone];
+    const gone = placeOf.get(location.hash);
+    if (gone !== undefined && top(gone) >= 0 && top(gone) <= (atEnd ? window.innerHeight : kLine)) return tree.links[gone];
     let low = 0;
     let high = targets.length - 1;
     while (low < high) {

@@ -69,7 +69,7 @@ test("a chart is drawn as it comes into view, in a box that keeps its size", asy
   const last = page.locator("figure.chart .picture").last();
   assert.match(await last.getAttribute("class"), /waiting/);
   const room = await last.evaluate((box) => ({ width: box.offsetWidth, height: box.offsetHeight }));
-  await last.scrollIntoViewIfNeeded();
+  await last.evaluate((box) => (location.hash = box.closest("figure").id));
   await page.waitForFunction(() => [...document.querySelectorAll(".picture")].at(-1).matches(".drawn"));
   await page.waitForTimeout(100);
   const drawn = await last.evaluate((box) => ({ width: box.offsetWidth, height: box.offsetHeight }));

@@ -50,7 +50,7 @@ for (const [name, theme, size] of [
     await page.evaluate((wanted) => (document.documentElement.dataset.theme = wanted), theme);
     await page.waitForFunction(() => !document.querySelector("figure.chart") || document.querySelector(".picture.drawn, .not-drawn, .waiting"));
     await page.evaluate(() => {
-      for (const figure of document.querySelectorAll("figure")) figure.style.contentVisibility = "visible";
+      for (const part of document.querySelectorAll("figure, section")) part.style.contentVisibility = "visible";
     });
     await page.evaluate(kAxe);
     const { violations } = await page.evaluate(() =>
