@@ -33,6 +33,12 @@ constexpr ThemedColor kThemedColors[] = {
     {Paint::Fixed,   "#E6EEF7", "paint_pale",     "#E6EEF7", "#22354D"},
     {Paint::Fixed,   "#A9C3E3", "paint_box",      "#A9C3E3", "#3E5F8A"},
     {Paint::Fixed,   "#F3C08A", "paint_box_two",  "#F3C08A", "#8F5D22"},
+    {Paint::Fixed,   "#CDBBA7", "paint_box_3",    "#CDBBA7", "#6B5843"},
+    {Paint::Fixed,   "#E3CACA", "paint_box_4",    "#E3CACA", "#7A5757"},
+    {Paint::Fixed,   "#CDB0F0", "paint_box_5",    "#CDB0F0", "#5F3F8A"},
+    {Paint::Fixed,   "#DDA9C5", "paint_box_6",    "#DDA9C5", "#7D3A5C"},
+    {Paint::Fixed,   "#C3DCB5", "paint_box_7",    "#C3DCB5", "#4B6A3B"},
+    {Paint::Fixed,   "#D6CADF", "paint_box_8",    "#D6CADF", "#62546E"},
     {Paint::Fixed,   "#9DB8D9", "paint_bars",     "#9DB8D9", "#4A6E9C"},
 };
 // clang-format on
