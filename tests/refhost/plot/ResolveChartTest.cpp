@@ -257,7 +257,8 @@ TEST(ResolveChart, TakesHostileNumbersAndCountsOfCategories)
           "FacetBarChart", "GLMMPairwiseContrasts"}) {
         SCOPED_TRACE(name);
         SampleChart sample(Template(name));
-        for (const tree::SourceVariable& variable : SampleChart(sample).Tree().fSourceVariables) {
+        SampleChart bare = sample;
+        for (const tree::SourceVariable& variable : bare.Tree().fSourceVariables) {
             sample.Source(variable.fSource).Numbers(variable.fColumn, hostile);
         }
         if (const auto chart = sample.Resolve()) {
