@@ -170,6 +170,7 @@ function followView() {
   };
   addEventListener("scroll", update, { passive: true });
   addEventListener("resize", update, { passive: true });
+  new ResizeObserver(update).observe(document.getElementById("results")); // parts that take their size
   update();
 }
 
