@@ -6,6 +6,7 @@
 #include <cmath>
 #include <limits>
 
+#include "refhost/writers/ReportWords.h"
 #include "refhost/writers/TerminalText.h"
 
 namespace refhost {
@@ -48,14 +49,18 @@ struct ColumnSummary {
     void Take(std::monostate) {}
 };
 
-std::string Numbers(const ColumnSummary& column)
+std::string NumberInWords(double number) { return fmt::format("{:.6g}", number); }
+
+std::string Numbers(const ColumnSummary& column, std::string_view language)
 {
-    if (column.fNumbers == 1) return fmt::format("{:.6g}", column.fLeast);
-    return fmt::format("{} numbers, {:.6g} to {:.6g}, mean {:.6g}", column.fNumbers, column.fLeast,
-                       column.fMost, column.fMean);
+    const std::string least = NumberInWords(column.fLeast);
+    if (column.fNumbers == 1) return least;
+    return ReportSentence(language, "numbers",
+                          {std::to_string(column.fNumbers), least, NumberInWords(column.fMost),
+                           NumberInWords(column.fMean)});
 }
 
-std::string Texts(const ColumnSummary& column)
+std::string Texts(const ColumnSummary& column, std::string_view language)
 {
     std::string names;
     for (const std::string_view name : column.fNamed) {
@@ -64,12 +69,12 @@ std::string Texts(const ColumnSummary& column)
     }
     if (column.fHasFurther) names += ", ...";
     if (column.fTexts == 1) return names;
-    return fmt::format("{} values: {}", column.fTexts, names);
+    return ReportSentence(language, "values", {std::to_string(column.fTexts), names});
 }
 
 }  // namespace
 
-std::vector<std::string> SummarizeSource(const ChartSource& source)
+std::vector<std::string> SummarizeSource(const ChartSource& source, std::string_view language)
 {
     std::vector<std::string> lines;
     for (const ChartSource::Column& values : source.fColumns) {
@@ -77,10 +82,10 @@ std::vector<std::string> SummarizeSource(const ChartSource& source)
         for (const ChartValue& value : values.fValues)
             std::visit([&column](const auto& content) { column.Take(content); }, value);
         std::string line = Printable(values.fName) + ": ";
-        if (column.fNumbers > 0) line += Numbers(column);
+        if (column.fNumbers > 0) line += Numbers(column, language);
         if (column.fNumbers > 0 && column.fTexts > 0) line += "; ";
-        if (column.fTexts > 0) line += Texts(column);
-        if (column.fNumbers == 0 && column.fTexts == 0) line += "no values";
+        if (column.fTexts > 0) line += Texts(column, language);
+        if (column.fNumbers == 0 && column.fTexts == 0) line += ReportWord(language, "no-values");
         lines.push_back(std::move(line));
     }
     return lines;

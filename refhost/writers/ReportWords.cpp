@@ -35,6 +35,12 @@ constexpr WordRow kWords[] = {
                     "Dieser Bericht ist nicht vollständig. Der Lauf endete vorzeitig:"},
     {"not-read",    "This report is not complete: a result document could not be read.",
                     "Dieser Bericht ist nicht vollständig: Ein Ergebnisdokument war nicht lesbar."},
+    {"chart",       "Chart",                       "Diagramm"},
+    {"warning",     "Warning",                     "Warnung"},
+    {"rows",        "^1, rows: ^2",                "^1, Zeilen: ^2"},
+    {"numbers",     "^1 numbers, ^2 to ^3, mean ^4", "^1 Zahlen, ^2 bis ^3, Mittel ^4"},
+    {"values",      "^1 values: ^2",               "^1 Werte: ^2"},
+    {"no-values",   "no values",                   "keine Werte"},
     {"licences",    "Licences of the drawing libraries in this page",
                     "Lizenzen der Zeichenbibliotheken in dieser Seite"},
 };
@@ -48,6 +54,24 @@ std::string_view ReportWord(std::string_view language, std::string_view key)
     for (const WordRow& row : kWords)
         if (row.fKey == key) return german ? row.fGerman : row.fEnglish;
     return key;
+}
+
+std::string ReportSentence(std::string_view language, std::string_view key,
+                           std::initializer_list<std::string_view> parts)
+{
+    const std::string_view sentence = ReportWord(language, key);
+    std::string filled;
+    for (std::size_t place = 0; place < sentence.size(); ++place) {
+        const auto part = static_cast<std::size_t>(
+            sentence[place] == '^' && place + 1 < sentence.size() ? sentence[place + 1] - '1' : -1);
+        if (part >= parts.size()) {
+            filled += sentence[place];
+            continue;
+        }
+        filled += parts.begin()[part];
+        ++place;
+    }
+    return filled;
 }
 
 }  // namespace refhost

@@ -1,12 +1,18 @@
 #pragma once
 
+#include <initializer_list>
+#include <string>
 #include <string_view>
 
 namespace refhost {
 
-/// A word or sentence of the HTML report itself, by its key: "outline" gives "Outline" or
+/// A word or sentence of the writers' own, by its key: "outline" gives "Outline" or
 /// "Gliederung". A language without words of its own is answered in English, an unknown key by
 /// itself.
 std::string_view ReportWord(std::string_view language, std::string_view key);
+
+/// The same with its places ^1, ^2 and so on filled.
+std::string ReportSentence(std::string_view language, std::string_view key,
+                           std::initializer_list<std::string_view> parts);
 
 }  // namespace refhost

@@ -4,6 +4,7 @@
 
 #include "refhost/writers/ByteOutput.h"
 #include "refhost/writers/ChartInWords.h"
+#include "refhost/writers/ReportWords.h"
 #include "refhost/writers/TerminalTable.h"
 #include "refhost/writers/TerminalText.h"
 
@@ -23,6 +24,7 @@ public:
 
     void Begin(const RunStart& start) override
     {
+        fLanguage = start.fLanguage;
         if (!start.fTitle.empty()) Heading(Printable(start.fTitle), 0);
     }
 
@@ -63,20 +65,27 @@ private:
     void Write(const ErrorNode& error, unsigned)
     {
         Part();
-        Paragraph("Warning: ", error.fText);
+        Paragraph(Lead("warning"), error.fText);
     }
 
     void Write(const ChartNode& chart, unsigned)
     {
         Part();
-        Paragraph("Chart: ", chart.fTitle.empty() ? chart.fTemplate : chart.fTitle);
+        const std::string& title = chart.fTitle.empty() ? chart.fTemplate : chart.fTitle;
+        Paragraph(Lead("chart"), title);
         for (const std::string* text : {&chart.fSubtitle, &chart.fDescription, &chart.fFootnote})
-            if (!text->empty()) Paragraph("  ", *text);
+            if (!text->empty() && *text != title) Paragraph("  ", *text);
         for (const ChartSource& source : chart.fSources) {
-            Paragraph("  ", source.fName + ", rows: " + std::to_string(source.fRows));
-            for (const std::string& line : SummarizeSource(source))
+            const std::string rows = std::to_string(source.fRows);
+            Paragraph("  ", ReportSentence(fLanguage, "rows", {source.fName, rows}));
+            for (const std::string& line : SummarizeSource(source, fLanguage))
                 Paragraph("    ", line);
         }
+    }
+
+    std::string Lead(std::string_view key) const
+    {
+        return std::string(ReportWord(fLanguage, key)) + ": ";
     }
 
     /// A blank line before every part but the first.
@@ -122,6 +131,7 @@ private:
 
     std::unique_ptr<ByteOutput> fOutput;
     int fWidth;
+    std::string fLanguage;
     bool fIsFirst = true;
 };
 

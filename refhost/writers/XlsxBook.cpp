@@ -8,6 +8,7 @@
 #include <new>
 
 #include "refhost/document/WriteFailure.h"
+#include "refhost/writers/WellFormed.h"
 
 namespace refhost {
 
@@ -146,6 +147,8 @@ void XlsxBook::Close()
 void WriteText(lxw_worksheet* sheet, lxw_row_t row, lxw_col_t column, std::string_view text,
                lxw_format* format)
 {
+    std::string scratch;
+    text = WellFormed(text, scratch);
     // A cell counts characters; fewer than this many bytes always fit.
     std::string content(text.size() <= kLongestCellText ? text
                                                         : Leading(text, kLongestCellText / 2));
