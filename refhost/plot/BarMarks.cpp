@@ -104,7 +104,9 @@ PaintedColor PlainFill(const ChartContext& context, const tree::Element& element
     const bool isMirrored =
         context.fGraph.fFacetLayout && context.fGraph.fFacetLayout->fAlternating;
     if (!isMirrored) return FixedColor(usual);
-    return SeriesStyle({}, static_cast<std::size_t>(panel.fRow + panel.fColumn)).fFill;
+    return SeriesStyle(
+               {}, static_cast<std::size_t>(panel.fRow) + static_cast<std::size_t>(panel.fColumn))
+        .fFill;
 }
 
 MarkStyle StyleOf(const ChartContext& context, const BarReader& reader, const Bar& bar,

@@ -156,10 +156,11 @@ bool IsVisible(const ChartContext& context, const std::string& style)
 
 const tree::Color* ColorOf(const ChartContext& context, const tree::Element& element)
 {
-    for (auto color = element.fColors.rbegin(); color != element.fColors.rend(); ++color) {
-        if (context.fData.Find(color->fVariable)) return &*color;
+    const tree::Color* last = nullptr;
+    for (const tree::Color& color : element.fColors) {
+        if (context.fData.Find(color.fVariable)) last = &color;
     }
-    return nullptr;
+    return last;
 }
 
 }  // namespace refhost

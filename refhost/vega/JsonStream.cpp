@@ -14,7 +14,7 @@ constexpr std::string_view kReplacement = "\xEF\xBF\xBD";
 
 struct LeadByte {
     unsigned char fFirst, fLast;
-    std::size_t fLength;
+    unsigned char fLength;
     unsigned char fSecondFirst, fSecondLast;
 };
 

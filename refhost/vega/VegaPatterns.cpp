@@ -10,6 +10,7 @@
 namespace refhost {
 namespace {
 
+constexpr double kDotSize = 1.6;
 constexpr double kStep = 7.0;               // pixels between lines
 constexpr std::size_t kMostLines = 20'000;  // of a whole layer; what is beyond stays plain
 
@@ -81,14 +82,24 @@ void AddParallel(std::vector<Segment>& lines, const PixelRect& rect, bool level)
     }
 }
 
+/// How many steps of the pattern fit from `first` on, so that a dot stays clear of the edge.
+int StepsWithin(double first, double edge)
+{
+    const double steps = std::ceil((edge - first) / kStep);
+    return static_cast<int>(std::clamp(steps, 0.0, static_cast<double>(kMostLines)));
+}
+
 /// Dots are lines as long as they are wide.
 void AddDots(std::vector<Segment>& lines, const PixelRect& rect)
 {
-    for (double x = std::ceil(rect.fLeft / kStep) * kStep + 1.0; x < rect.fRight - 2.0;
-         x += kStep) {
-        for (double y = std::ceil(rect.fTop / kStep) * kStep + 1.0;
-             y < rect.fBottom - 2.0 && lines.size() < kMostLines; y += kStep) {
-            lines.push_back({x, y, x + 1.6, y});
+    const double left = std::ceil(rect.fLeft / kStep) * kStep + 1.0;
+    const double top = std::ceil(rect.fTop / kStep) * kStep + 1.0;
+    const int columns = StepsWithin(left, rect.fRight - kDotSize);
+    const int rows = StepsWithin(top, rect.fBottom - kDotSize);
+    for (int column = 0; column < columns; ++column) {
+        for (int row = 0; row < rows && lines.size() < kMostLines; ++row) {
+            const double x = left + column * kStep, y = top + row * kStep;
+            lines.push_back({x, y, x + kDotSize, y});
         }
     }
 }
