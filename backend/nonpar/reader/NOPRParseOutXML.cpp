@@ -24,23 +24,9 @@ bool CheckRoot(const SDOMXMLWrapper& root, ReaderState&)
            modelType == "NonParametricTests";
 }
 
-int IntegerOf(const SDOMXMLWrapper& element, const char* attribute)
-{
-    int value = 0;
-    element.GetAttribute(attribute, value);
-    return value;
-}
-
 double NumberOf(const SDOMXMLWrapper& element, const char* attribute)
 {
     double value = MissingValue;
-    element.GetAttribute(attribute, value);
-    return value;
-}
-
-std::string TextOf(const SDOMXMLWrapper& element, const char* attribute)
-{
-    std::string value;
     element.GetAttribute(attribute, value);
     return value;
 }

@@ -75,6 +75,20 @@ bool ReadStructuredTable(const SDOMXMLWrapper& element, StructuredTableData& dat
                         [&data](const SDOMXMLWrapper& child) { return ReadChild(child, data); });
 }
 
+std::string TextOf(const SDOMXMLWrapper& element, const char* attribute)
+{
+    std::string text;
+    element.GetAttribute(attribute, text);
+    return text;
+}
+
+int IntegerOf(const SDOMXMLWrapper& element, const char* attribute)
+{
+    int value = 0;
+    element.GetAttribute(attribute, value);
+    return value;
+}
+
 const SDOMXMLWrapper* FirstElement(const SDOMXMLWrapper& element, const char* path)
 {
     SDOMXMLWrapper* found = nullptr;

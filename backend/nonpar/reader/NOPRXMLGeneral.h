@@ -48,6 +48,12 @@ bool ReadSimpleTable(const SDOMXMLWrapper& element, SimpleTableData& data);
 /// False without a `name`, or where one of its children can't be read.
 bool ReadStructuredTable(const SDOMXMLWrapper& element, StructuredTableData& data);
 
+/// An attribute's text; empty where it is missing.
+std::string TextOf(const SDOMXMLWrapper& element, const char* attribute);
+
+/// An attribute's integer; 0 where it is missing or no number.
+int IntegerOf(const SDOMXMLWrapper& element, const char* attribute);
+
 /// The first element that answers to a path; null where there is none.
 const SDOMXMLWrapper* FirstElement(const SDOMXMLWrapper& element, const char* path);
 

@@ -14,21 +14,6 @@ namespace {
 
 constexpr CFField::RoleType kRole{7};
 
-/// Index and texts of a field or a value; what is missing is 0 or empty.
-int IndexOf(const SDOMXMLWrapper& element)
-{
-    int index = 0;
-    element.GetAttribute("index", index);
-    return index;
-}
-
-std::string TextOf(const SDOMXMLWrapper& element, const char* attribute)
-{
-    std::string text;
-    element.GetAttribute(attribute, text);
-    return text;
-}
-
 CFDatum DatumOf(const std::string& value, int storageType)
 {
     if (storageType == storage::kString) return CFDatum(value, /*isMissing=*/false);
@@ -47,7 +32,7 @@ bool ReadValues(const SDOMXMLWrapper& element, int storageType, CFField& field)
     std::vector<CFValue> values;
     std::vector<CFValue> labels;
     const auto readValue = [&](const SDOMXMLWrapper& child) {
-        if (IndexOf(child) != static_cast<int>(values.size())) return false;
+        if (IntegerOf(child, "index") != static_cast<int>(values.size())) return false;
         std::string value = TextOf(child, "value");
         const CFDatum datum = DatumOf(value, storageType);
         values.push_back(ValueOf(datum, std::move(value)));
@@ -63,7 +48,7 @@ bool ReadValues(const SDOMXMLWrapper& element, int storageType, CFField& field)
 /// False where the field's index is not its position.
 bool ReadField(const SDOMXMLWrapper& element, CFMetaData& dictionary)
 {
-    if (IndexOf(element) != dictionary.FieldCount()) return false;
+    if (IntegerOf(element, "index") != dictionary.FieldCount()) return false;
 
     const int storageType = StorageTypeFromName(TextOf(element, "dataType"));
     CFField field(TextOf(element, "name"),
