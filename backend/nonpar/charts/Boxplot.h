@@ -4,10 +4,9 @@
 #include <string>
 #include <vector>
 
+#include "charts/ChartWords.h"
 #include "model/NOPRTestRecords.h"
 
-class ChartString;
-class FacSTDictionary;
 class VarDataProcessor;
 class XDocument;
 class XGraph;
@@ -31,6 +30,17 @@ public:
 
 protected:
     ~Boxplot();
+
+    /// What a derived view shows: the title, a key of the dictionary, and the groups and condition
+    /// of its record. Without a record there is nothing to draw.
+    template <class Record>
+    void SetTest(const std::string& titleKey, const Record* test)
+    {
+        SetTitle(LookUpText(GetDictionary(), titleKey));
+        if (!test) return;
+        SetBoxPlot(&test->fBoxPlot);
+        SetCondition(&test->fCondition);
+    }
 
     void SetBoxPlot(const NOPROutputStats::BoxPlotData* boxPlot);
     void SetCondition(const NOPROutputStats::ConditionData* condition);

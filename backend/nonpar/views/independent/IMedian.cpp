@@ -24,10 +24,7 @@ IMedian::IMedian(const FacSTDictionary* dictionary, const NOPROutputStats* stats
                  const NOPROutputStats::HTIMedian* test)
     : Boxplot(dictionary, stats)
 {
-    SetTitle(LookUpText(dictionary, "Independent-Samples Median Test"));
-    if (!test) return;
-    SetBoxPlot(&test->fBoxPlot);
-    SetCondition(&test->fCondition);
+    SetTest("Independent-Samples Median Test", test);
 }
 
 void IMedian::EditTemplate(std::string& text)

@@ -56,10 +56,7 @@ IMoses::IMoses(const FacSTDictionary* dictionary, const NOPROutputStats* stats,
                const NOPROutputStats::HTIMoses* test)
     : Boxplot(dictionary, stats), fGroups(std::make_unique<Groups>())
 {
-    SetTitle(LookUpText(dictionary, "Independent-Samples Moses Test of Extreme Reaction"));
-    if (!test) return;
-    SetBoxPlot(&test->fBoxPlot);
-    SetCondition(&test->fCondition);
+    SetTest("Independent-Samples Moses Test of Extreme Reaction", test);
 }
 
 IMoses::~IMoses() = default;

@@ -2,16 +2,12 @@
 
 #include "charts/ChartWords.h"
 #include "charts/TemplateText.h"
-#include "charts/ViewSteps.h"
 
 KruskalWallis::KruskalWallis(const FacSTDictionary* dictionary, const NOPROutputStats* stats,
                              const NOPROutputStats::HTIKruskalWallis* test)
     : Boxplot(dictionary, stats)
 {
-    SetTitle(LookUpText(dictionary, "Independent-Samples Kruskal-Wallis Test"));
-    if (!test) return;
-    SetBoxPlot(&test->fBoxPlot);
-    SetCondition(&test->fCondition);
+    SetTest("Independent-Samples Kruskal-Wallis Test", test);
 }
 
 std::vector<double> KruskalWallis::CategoryCodes(const NOPROutputStats::BoxGroup& group)
