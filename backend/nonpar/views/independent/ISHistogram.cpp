@@ -228,10 +228,11 @@ void ISHistogram::State::EditTemplate(std::string& text) const
 {
     ReplaceTokenByWord(text, "xTitle", fDictionary, "Frequency");
     if (const QORT_Variable* variable = VariableOf(GroupField()))
-        ReplaceToken(text, "subTitle", variable->GetPreferredLabel());
+        ReplaceToken(text, "subTitle", PreferredLabel(variable));
     if (const QORT_Variable* variable = VariableOf(TestField())) {
-        ReplaceToken(text, "yTitle0", variable->GetPreferredLabel());
-        ReplaceToken(text, "yTitle1", variable->GetPreferredLabel());
+        const std::string label = PreferredLabel(variable);
+        ReplaceToken(text, "yTitle0", label);
+        ReplaceToken(text, "yTitle1", label);
     }
     if (Form().fIsMirrored) TurnTemplate(text);
 }
