@@ -51,6 +51,7 @@ TEST_F(RelatedViews, CochranNamesBarsAndSegmentsByTheFields)
 
     EXPECT_EQ(view.SeriesLabel("0"), "First");
     EXPECT_EQ(view.SeriesLabel("not a number"), "First") << "reads as 0";
+    EXPECT_EQ(view.SeriesLabel("+-1"), "First") << "two signs are no number either";
     EXPECT_EQ(view.SeriesLabel("3"), "3");
     EXPECT_EQ(view.SeriesLabel("99999999999999999999"), "99999999999999999999");
 

@@ -21,7 +21,7 @@ namespace {
 int LeadingInteger(std::string_view name)
 {
     name.remove_prefix(std::min(name.find_first_not_of(" \t\n\v\f\r"), name.size()));
-    if (name.starts_with('+')) name.remove_prefix(1);
+    if (name.starts_with('+') && !name.starts_with("+-")) name.remove_prefix(1);
     int number = 0;
     const auto [end, error] = std::from_chars(name.data(), name.data() + name.size(), number);
     return error == std::errc::result_out_of_range ? -1 : number;
