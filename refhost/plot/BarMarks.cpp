@@ -42,8 +42,9 @@ public:
 
     bool IsComplete() const { return fBase && fValue; }
 
-    std::vector<Bar> Read(const Panel& panel) const
+    std::vector<Bar> Read(const Panel& panel, bool& isCut) const
     {
+        isCut = false;
         std::vector<Bar> bars;
         std::map<std::pair<double, std::size_t>, std::size_t> sums;
         for (const std::size_t row : panel.fRows) {
@@ -63,7 +64,8 @@ public:
                     continue;
                 }
             }
-            if (bars.size() < kMostMarks) bars.push_back(bar);
+            isCut = bars.size() == kMostMarks;
+            if (!isCut) bars.push_back(bar);
         }
         std::stable_sort(bars.begin(), bars.end(), [](const Bar& a, const Bar& b) {
             return std::pair(a.fPlace, a.fSeries) < std::pair(b.fPlace, b.fSeries);
@@ -222,7 +224,10 @@ void AddBars(ChartContext& context, const tree::Element& element, const Panel& p
     const bool isStack = element.fArrangement == tree::Arrangement::Stack;
     double place = 0.0, stacked = 0.0;
     totals.fWidth = reader.fStanding.fBarWidth;
-    for (const Bar& bar : reader.Read(panel)) {
+    bool isCut = false;
+    const std::vector<Bar> bars = reader.Read(panel, isCut);
+    if (isCut) NoteCutMarks(context);
+    for (const Bar& bar : bars) {
         if (bar.fPlace != place) stacked = 0.0;
         place = bar.fPlace;
         const double start = isStack ? stacked : 0.0;

@@ -17,17 +17,17 @@ constexpr std::size_t kMostLabels = 4;  // of a group
 constexpr const char* kMedianPart = "median";
 
 struct BoxPart {
-    const char* fName;
+    std::string_view PlotWords::*fName;
     double BoxNumbers::*fNumber;
 };
 
 // clang-format off
 constexpr BoxPart kBoxParts[] = {
-    {"Upper whisker",  &BoxNumbers::fUpperWhisker},
-    {"Third quartile", &BoxNumbers::fThirdQuartile},
-    {"Median",         &BoxNumbers::fMedian},
-    {"First quartile", &BoxNumbers::fFirstQuartile},
-    {"Lower whisker",  &BoxNumbers::fLowerWhisker},
+    {&PlotWords::fUpperWhisker,  &BoxNumbers::fUpperWhisker},
+    {&PlotWords::fThirdQuartile, &BoxNumbers::fThirdQuartile},
+    {&PlotWords::fMedian,        &BoxNumbers::fMedian},
+    {&PlotWords::fFirstQuartile, &BoxNumbers::fFirstQuartile},
+    {&PlotWords::fLowerWhisker,  &BoxNumbers::fLowerWhisker},
 };
 // clang-format on
 
@@ -101,7 +101,8 @@ std::string BoxPopup(const BoxDrawing& box)
 {
     std::string text = box.fName;
     for (const BoxPart& part : kBoxParts) {
-        text += "\n" + NamedValue(part.fName, box.fY.NumberText(box.fBox.*part.fNumber));
+        const std::string name(box.fContext.fWords.*part.fName);
+        text += "\n" + NamedValue(name, box.fY.NumberText(box.fBox.*part.fNumber));
     }
     return text;
 }
@@ -135,9 +136,9 @@ void AddMedian(BoxDrawing& box)
     style.fStroke = {Paint::Ink, {}};
     style.fStrokeWidth = 2.5;
     const tree::Popup* popup = FindPopup(box.fContext, box.fElement, kMedianPart);
-    const std::string text =
-        popup ? PopupText(box.fContext, *popup, box.fGroup.fRows.front())
-              : NamedValue(kBoxParts[2].fName, box.fY.NumberText(box.fBox.fMedian));
+    const std::string text = popup ? PopupText(box.fContext, *popup, box.fGroup.fRows.front())
+                                   : NamedValue(std::string(box.fContext.fWords.fMedian),
+                                                box.fY.NumberText(box.fBox.fMedian));
     AddRule(box, style, kHalfBox, box.fBox.fMedian, box.fBox.fMedian, box.fName + "\n" + text);
 }
 
@@ -208,7 +209,7 @@ void AddOutliers(BoxDrawing& box)
             mark.fPopup += "\n" + label;
         }
         MarkLayer& layer = LayerOf(box.fLayers, box.fFrom, MarkKind::Point, style);
-        if (layer.fMarks.size() >= kMostMarks) return;
+        if (layer.fMarks.size() >= kMostMarks) return NoteCutMarks(box.fContext);
         layer.fMarks.push_back(std::move(mark));
     }
 }
@@ -277,9 +278,9 @@ void AddBoxes(ChartContext& context, const tree::Element& element, const Panel& 
     if (context.fSummary.fColumns.empty()) {
         context.fSummary.fColumns.push_back(AxisTitle(context, tree::Dimension::X, space.fX));
         for (const BoxPart& part : kBoxParts) {
-            context.fSummary.fColumns.emplace_back(part.fName);
+            context.fSummary.fColumns.emplace_back(context.fWords.*part.fName);
         }
-        context.fSummary.fColumns.emplace_back("Outliers");
+        context.fSummary.fColumns.emplace_back(context.fWords.fOutliers);
     }
 }
 

@@ -17,6 +17,11 @@ constexpr int kPlainDigits = 6;  // of numbers that no format is known of
 constexpr double kLongNumber = 1e15;
 const ChartValue kAbsent;
 
+// Below these a number is no date of the host's that occurs: the first weeks behind 1582, and with
+// a time the years before 1741. As days, or as seconds since 1970, it is one.
+constexpr double kLeastHostDay = 3e6;
+constexpr double kLeastHostSecond = 5e9;
+
 double ToMilliseconds(double hostSeconds)
 {
     return (hostSeconds - kSecondsTo1970) * kMillisecondsPerSecond;
@@ -82,7 +87,20 @@ std::optional<double> DataVariable::Number(std::size_t row) const
 {
     const auto* number = std::get_if<double>(&Value(row));
     if (!number || IsUntold(*number)) return std::nullopt;
-    return fIsDate ? ToMilliseconds(*number) : *number;
+    return PlaceOf(*number);
+}
+
+double DataVariable::PlaceOf(double raw) const
+{
+    return fIsDate ? ToMilliseconds(HostDate(raw)) : raw;
+}
+
+double DataVariable::HostDate(double raw) const
+{
+    if (!fIsDate) return raw;
+    const bool isDays = fDate->fUnit == DocumentUnit::DaysSince1970;
+    const double least = isDays ? kLeastHostDay : kLeastHostSecond;
+    return std::fabs(raw) < least ? HostNumber(raw, fDate->fType) : raw;
 }
 
 std::string DataVariable::Key(std::size_t row) const
@@ -153,7 +171,7 @@ std::string DataVariable::Text(std::size_t row) const
     if (IsAbsent(row)) return {};
     const std::string prefix = fSettings ? fSettings->fPrefix : std::string();
     if (number && !(fDerived && !fDerived->fCases.empty())) {
-        return prefix + FormattedNumber(*number);
+        return prefix + FormattedNumber(HostDate(*number));
     }
     return prefix + key;
 }
@@ -188,6 +206,7 @@ void ChartData::Describe(DataVariable& variable)
     if (!settings || !settings->fHostFormat || settings->fNumberFormat) return;
     const DateFormatRow* date = FindDateFormat(settings->fHostFormat->fType);
     if (!date) return;
+    variable.fDate = date;
     variable.fIsDuration = date->fLayout == DateLayout::Duration;
     variable.fIsDate = date->fLayout == DateLayout::Date || date->fLayout == DateLayout::DateTime;
 }

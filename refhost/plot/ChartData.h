@@ -12,6 +12,8 @@
 
 namespace refhost {
 
+struct DateFormatRow;
+
 /// A variable of the visualization with its values, its settings and its way to show them. It
 /// borrows from the chart's node.
 class DataVariable {
@@ -23,6 +25,10 @@ public:
 
     /// Nothing for texts. Dates are milliseconds since 1970.
     std::optional<double> Number(std::size_t row) const;
+
+    /// The same for a number that stands elsewhere, in the unit of the data. A date that is too
+    /// small to be the host's is one as result documents have it.
+    double PlaceOf(double raw) const;
 
     /// What tells categories apart: a text as it is, a number by its exact text; empty where
     /// absent.
@@ -55,6 +61,7 @@ private:
     const ChartValue& Value(std::size_t row) const;
     const std::string* Relabel(std::string_view key) const;
     std::string FormattedNumber(double raw) const;
+    double HostDate(double raw) const;
 
     std::string fId;
     const ChartSource* fSource = nullptr;
@@ -64,6 +71,7 @@ private:
     const VariableSettings* fSettings = nullptr;        // may be null
     const VariableSettings* fFormatSettings = nullptr;  // whose relabels and format count
     std::map<std::string, std::string, std::less<>> fDerivedLabels;
+    const DateFormatRow* fDate = nullptr;  // null without a format of dates or times
     bool fIsDate = false;
     bool fIsDuration = false;
     bool fHoldsText = false;

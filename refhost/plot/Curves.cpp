@@ -105,6 +105,12 @@ double Density(const CurveShape& shape, double x)
     return 0.0;
 }
 
+std::optional<double> StartOf(const CurveShape& shape)
+{
+    if (shape.fKind == tree::Distribution::Exponential) return 0.0;
+    return std::nullopt;
+}
+
 std::vector<CurvePoint> CurvePoints(const CurveShape& shape, double low, double high, double scale,
                                     const std::optional<Bins>& bins)
 {

@@ -27,6 +27,9 @@ std::optional<CurveShape> ShapeOf(const tree::DistributionStatistic& statistic, 
 /// The density at a place; of a discrete distribution the probability of a whole number.
 double Density(const CurveShape& shape, double x);
 
+/// Where the distribution begins with its full height, as far as an axis has to reach to show it.
+std::optional<double> StartOf(const CurveShape& shape);
+
 /// The points of the curve from `low` to `high`, every height times `scale`. Smooth curves have a
 /// hundred steps; a uniform one is a rectangle with upright sides. A discrete one has points at
 /// whole numbers only, or with wider bins one in the middle of each bin, of the bin's probability.

@@ -172,12 +172,15 @@ std::vector<PlacedGuide> PlaceGuides(ChartContext& context, PlotSpace& space)
     std::vector<PlacedGuide> guides;
     for (const tree::LineGuide& guide : context.fGraph.fLineGuides) {
         PlotDirection& direction = space.Of(guide.fDimension);
-        const auto place = guide.Place();
+        auto place = guide.Place();
         if (!place || !std::isfinite(*place) || !IsVisible(context, guide.fStyle)) continue;
         if (direction.fKind == ScaleKind::Category) continue;
+        if (direction.fKind == ScaleKind::Time) place = direction.fVariable->PlaceOf(*place);
         if (IsFarAway(direction.fExtent, *place)) {
-            context.fNotes.push_back("A line at " + ReadableNumber(*place, 0) +
-                                     " lies far beyond the data and is not drawn.");
+            const std::string text = direction.fKind == ScaleKind::Time
+                                         ? direction.fVariable->NumberText(*place)
+                                         : ReadableNumber(*place, 0);
+            AddNote(context.fNotes, FillSentence(context.fWords.fFarLine, {text}));
             continue;
         }
         Widen(direction, *place);

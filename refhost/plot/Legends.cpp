@@ -47,7 +47,7 @@ MarkStyle EdgeStyle(const tree::Color* color, std::size_t category)
     return style;
 }
 
-std::vector<ResolvedLegend> MakeLegends(const ChartContext& context)
+std::vector<ResolvedLegend> MakeLegends(ChartContext& context)
 {
     std::vector<ResolvedLegend> legends;
     if (!context.fTree.fExtension) return legends;
@@ -60,6 +60,8 @@ std::vector<ResolvedLegend> MakeLegends(const ChartContext& context)
                 owned.fColor ? context.fData.Find(owned.fColor->fVariable) : nullptr;
             if (!variable) continue;
             const CategoryList categories(*variable, context.fTree.fOrders, kMostCategories);
+            NoteCut(context.fNotes, context.fWords.fCutEntries, categories.Count(),
+                    categories.Cut());
             ResolvedLegend legend;
             legend.fTitle = declared->fLabel ? declared->fLabel->Shown() : variable->Title();
             for (std::size_t category = 0; category < categories.Count(); ++category) {

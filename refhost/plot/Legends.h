@@ -8,7 +8,7 @@
 namespace refhost {
 
 /// The legends that the visualization's extension names.
-std::vector<ResolvedLegend> MakeLegends(const ChartContext& context);
+std::vector<ResolvedLegend> MakeLegends(ChartContext& context);
 
 /// A line between nodes, by the category of its colour: the first is wide and solid, the others
 /// are thin and dashed.

@@ -21,6 +21,11 @@ MarkLayer& LayerOf(std::vector<MarkLayer>& layers, std::size_t from, MarkKind ki
     return layer;
 }
 
+void NoteCutMarks(ChartContext& context)
+{
+    AddNote(context.fNotes, FillSentence(context.fWords.fCutMarks, {std::to_string(kMostMarks)}));
+}
+
 void Summarize(ChartContext& context, const Panel& panel, std::vector<std::string> cells)
 {
     if (context.fSummary.fRows.size() >= kMostSummaryRows) return;

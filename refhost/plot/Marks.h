@@ -44,6 +44,9 @@ void AddCurve(ChartContext& context, const tree::Element& element, const BarTota
 MarkLayer& LayerOf(std::vector<MarkLayer>& layers, std::size_t from, MarkKind kind,
                    const MarkStyle& style);
 
+/// Says that an element has more marks than are drawn.
+void NoteCutMarks(ChartContext& context);
+
 /// A row of the data's table; its first cells name the panel.
 void Summarize(ChartContext& context, const Panel& panel, std::vector<std::string> cells);
 

@@ -55,11 +55,7 @@ std::string Wrapped(const std::string& text)
 std::vector<Node> ReadNodes(ChartContext& context, const DataVariable& variable)
 {
     const CategoryList categories(variable, context.fTree.fOrders, kMostNodes);
-    if (categories.Cut() > 0) {
-        context.fNotes.push_back("The first " + std::to_string(categories.Count()) + " of " +
-                                 std::to_string(categories.Count() + categories.Cut()) +
-                                 " nodes are drawn.");
-    }
+    NoteCut(context.fNotes, context.fWords.fCutNodes, categories.Count(), categories.Cut());
     std::vector<Node> nodes;
     std::vector<bool> isSeen(categories.Count(), false);
     for (std::size_t row = 0; row < variable.Rows(); ++row) {

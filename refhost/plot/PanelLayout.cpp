@@ -4,6 +4,7 @@
 #include <cmath>
 #include <optional>
 
+#include "refhost/plot/PanelHeaders.h"
 #include "refhost/plot/TextWidth.h"
 
 namespace refhost {
@@ -14,7 +15,6 @@ constexpr double kUsualWidth = 500.0;
 constexpr double kUsualHeight = 320.0;
 constexpr double kWidest = 4000.0;
 constexpr double kLabelFont = 11.0;
-constexpr double kHeaderFont = 12.0;
 constexpr double kHeaderLine = 16.0;
 constexpr double kHeaderGap = 10.0;
 constexpr double kTickGap = 8.0;
@@ -27,7 +27,13 @@ constexpr double kPlotGap = 18.0;
 constexpr double kGridGap = 8.0;
 constexpr double kNarrowestPlot = 64.0;
 constexpr double kLowestPlot = 56.0;
-constexpr double kHighestHeader = 96.0;
+constexpr double kHighestHeader = 96.0;  // of a plot for the turned header beside it
+constexpr double kHighestOfMany = 68.0;
+constexpr double kWidestWord = 104.0;
+constexpr double kSideHeaderRoom = 120.0;
+constexpr int kMany = 5;  // rows or columns from which a grid is crowded
+constexpr std::size_t kNameLines = 3;
+constexpr std::size_t kSideNameLines = 2;
 constexpr double kCategoryRoom = 20.0;  // the least for a slanted label
 constexpr double kLabelAir = 8.0;
 
@@ -73,24 +79,10 @@ double WidestLabel(const std::vector<AxisTick>& ticks)
     return std::min(widest, kLabelLimit);
 }
 
-double HeaderHeight(const std::vector<std::vector<std::string>>& headers)
+double HeaderHeight(const std::vector<PlotHeader>& headers)
 {
-    std::size_t lines = 0;
-    for (const auto& header : headers) {
-        lines = std::max(lines, header.size());
-    }
+    const std::size_t lines = headers.empty() ? 0 : headers.front().fLines.size();
     return lines == 0 ? 0.0 : kHeaderGap + kHeaderLine * static_cast<double>(lines);
-}
-
-double HeaderWidth(const std::vector<std::vector<std::string>>& headers)
-{
-    double width = 0.0;
-    for (const auto& header : headers) {
-        for (const std::string& line : header) {
-            width = std::max(width, std::min(TextWidth(line, kHeaderFont), 2 * kLabelLimit));
-        }
-    }
-    return width;
 }
 
 std::optional<double> GraphEdge(const ChartContext& context, ENUM_part part)
@@ -132,7 +124,7 @@ double RowGap(const PanelGrid& grid, const PanelLayout& layout, double titleStri
     if (grid.fRows == 1) return 0.0;
     if (grid.fAlternates) return kMirrorGap;
     if (!grid.fWraps) return kGridGap;
-    return layout.fBottomExtent + titleStrip + HeaderHeight(grid.fColumnHeaders) + kGridGap;
+    return layout.fBottomExtent + titleStrip + HeaderHeight(layout.fHeaders) + kGridGap;
 }
 
 double ColumnGap(const PanelGrid& grid)
@@ -146,7 +138,8 @@ double ColumnGap(const PanelGrid& grid)
 double LeastWidth(const PanelGrid& grid, const PlotSpace& space)
 {
     double least = grid.fPanels.size() > 1 ? kNarrowestPlot : 2 * kNarrowestPlot;
-    least = std::max(least, HeaderWidth(grid.fColumnHeaders) + kLabelAir - ColumnGap(grid));
+    const double words = std::min(WordRoom(grid.fColumnHeaders), kWidestWord);
+    least = std::max(least, words + kLabelAir - ColumnGap(grid));
     if (space.fX.fKind == ScaleKind::Category && grid.fPanels.size() == 1) {
         least = std::max(least, kCategoryRoom * static_cast<double>(space.fX.fCategories.Count()));
     }
@@ -157,7 +150,8 @@ double LeastWidth(const PanelGrid& grid, const PlotSpace& space)
 double LeastHeight(const PanelGrid& grid)
 {
     if (grid.fAlternates) return kLowestPlot;
-    return std::clamp(HeaderWidth(grid.fRowHeaders) + kLabelAir, kLowestPlot, kHighestHeader);
+    const double highest = grid.fRows < kMany ? kHighestHeader : kHighestOfMany;
+    return std::clamp(WholeRoom(grid.fRowHeaders) + kLabelAir, kLowestPlot, highest);
 }
 
 bool NeedsSlant(const PanelLayout& layout)
@@ -210,8 +204,9 @@ void AddAxis(const ChartContext& context, const PanelGrid& grid, const Panel& pa
         TextBlockWidth(resolved.fTitle, kHeaderFont) > layout.fPlotWidth + layout.fColumnSpacing) {
         resolved.fTitle.clear();
     }
+    const bool isLong = TextBlockWidth(resolved.fTitle, kHeaderFont) > layout.fPlotHeight;
     if (isUpright && grid.fRows > 2 && panel.fRow != grid.fRows / 2 &&
-        TextBlockWidth(resolved.fTitle, kHeaderFont) > layout.fPlotHeight) {
+        (isLong || grid.fRows >= kMany)) {
         resolved.fTitle.clear();
     }
     resolved.fTicks = isUpright ? layout.fY.fTicks : layout.fX.fTicks;
@@ -234,11 +229,11 @@ void Mirror(const ChartContext& context, const PanelGrid& grid, const Panel& pan
     if (grid.fRows > 1) plot.fY.fReversed = (panel.fRow % 2 == 1) != invert;
 }
 
-}  // namespace
-
-PanelLayout LayOutPanels(const ChartContext& context, const PanelGrid& grid, const PlotSpace& space)
+PanelLayout LayOut(const ChartContext& context, const PanelGrid& grid, const PlotSpace& space,
+                   double headerRoom)
 {
     PanelLayout layout;
+    layout.fHeaders = WrapHeaders(grid.fColumnHeaders, headerRoom, kNameLines);
     const tree::Axis* axisX = NearAxis(context, tree::Dimension::X);
     const tree::Axis* axisY = NearAxis(context, tree::Dimension::Y);
     const double width = Size(context.fDrawing.fWidth, kUsualWidth);
@@ -255,7 +250,7 @@ PanelLayout LayOutPanels(const ChartContext& context, const PanelGrid& grid, con
     const double top = GraphEdge(context, ENUM_part::Top).value_or(0.0) * height;
     const auto bottomEdge = GraphEdge(context, ENUM_part::Bottom);
     const double bottom = bottomEdge ? *bottomEdge * height : height - stripX;
-    const double headers = HeaderHeight(grid.fColumnHeaders);
+    const double headers = HeaderHeight(layout.fHeaders);
     const double above =
         headers + (mirrorsRows ? stripX : 0.0) + (HasFrameOnTop(context) ? kTitleStrip : 0.0);
     const auto rows = static_cast<double>(grid.fRows);
@@ -291,6 +286,19 @@ PanelLayout LayOutPanels(const ChartContext& context, const PanelGrid& grid, con
     return layout;
 }
 
+}  // namespace
+
+PanelLayout LayOutPanels(const ChartContext& context, const PanelGrid& grid, const PlotSpace& space)
+{
+    // Headers are wrapped to the plots' width; their lines then take from the plots' height.
+    PanelLayout layout = LayOut(context, grid, space, 2 * kLabelLimit);
+    layout = LayOut(context, grid, space, layout.fPlotWidth + layout.fColumnSpacing - kLabelAir);
+    layout.fSideHeaders = WrapHeaders(
+        grid.fRowHeaders, grid.fAlternates ? kSideHeaderRoom : layout.fPlotHeight - kLabelAir / 2,
+        grid.fAlternates ? kNameLines : kSideNameLines);
+    return layout;
+}
+
 ResolvedPlot MakePlot(const ChartContext& context, const PanelGrid& grid, const Panel& panel,
                       const PlotSpace& space, const PanelLayout& layout)
 {
@@ -305,11 +313,9 @@ ResolvedPlot MakePlot(const ChartContext& context, const PanelGrid& grid, const 
     Mirror(context, grid, panel, plot);
     AddAxis(context, grid, panel, tree::Dimension::X, space, layout, plot);
     AddAxis(context, grid, panel, tree::Dimension::Y, space, layout, plot);
-    if (const auto* header = grid.HeaderOf(panel)) plot.fHeader = *header;
-    if (const auto* header = grid.SideHeaderOf(panel)) {
-        for (const std::string& line : *header) {
-            plot.fSideHeader += (plot.fSideHeader.empty() ? "" : "\n") + line;
-        }
+    if (const auto header = grid.HeaderOf(panel)) plot.fHeader = layout.fHeaders[*header];
+    if (const auto header = grid.SideHeaderOf(panel)) {
+        plot.fSideHeader = layout.fSideHeaders[*header];
     }
     plot.fSideHeaderUpright = grid.fAlternates;
     return plot;

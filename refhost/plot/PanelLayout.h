@@ -21,6 +21,8 @@ struct PanelLayout {
     double fColumnSpacing = 0.0;
     ScaledDirection fX;
     ScaledDirection fY;
+    std::vector<PlotHeader> fHeaders;      ///< of the grid's column headers, in lines
+    std::vector<PlotHeader> fSideHeaders;  ///< the same of its row headers
     bool fSlanted = false;
     double fLeftExtent = 0.0;    ///< of the labels of the left axis
     double fBottomExtent = 0.0;  ///< of the labels of the bottom axis

@@ -4,8 +4,6 @@
 #include <cstddef>
 #include <utility>
 
-#include "refhost/plot/TextWidth.h"
-
 namespace refhost {
 namespace {
 
@@ -17,27 +15,28 @@ struct FacetValues {
     const tree::Facet* fFacet = nullptr;
     const DataVariable* fVariable = nullptr;
     CategoryList fCategories;
-    std::vector<std::vector<std::string>> fHeaders;
+    std::vector<PanelHeader> fHeaders;
 
     std::size_t Count() const { return fVariable ? fCategories.Count() : 1; }
 };
 
-std::vector<std::string> HeaderLines(const ChartContext& context, const FacetValues& facet,
-                                     const CategoryLabel& category)
+PanelHeader HeaderOf(const ChartContext& context, const FacetValues& facet,
+                     const CategoryLabel& category)
 {
-    std::vector<std::string> lines = TextLines(category.fLabel);
+    PanelHeader header;
+    const std::size_t feed = std::min(category.fLabel.find('\n'), category.fLabel.size());
+    header.fName = category.fLabel.substr(0, feed);
+    if (feed < category.fLabel.size()) header.fMore = category.fLabel.substr(feed + 1);
     const DataVariable* more = context.fData.Find(facet.fFacet->fHeader);
-    if (!more) return lines;
+    if (!more) return header;
     for (std::size_t row = 0; row < facet.fVariable->Rows(); ++row) {
         if (facet.fVariable->Key(row) != category.fKey || more->IsAbsent(row)) continue;
         const std::string text = more->Text(row);
         if (text == category.fLabel) break;
-        for (std::string& line : TextLines(text)) {
-            lines.push_back(std::move(line));
-        }
+        header.fMore += (header.fMore.empty() ? "" : "\n") + text;
         break;
     }
-    return lines;
+    return header;
 }
 
 FacetValues ReadFacet(ChartContext& context, tree::Facet::Direction direction, std::size_t most)
@@ -51,14 +50,10 @@ FacetValues ReadFacet(ChartContext& context, tree::Facet::Direction direction, s
     if (!values.fVariable) return values;
     values.fCategories = CategoryList(*values.fVariable, context.fTree.fOrders, most);
     for (const CategoryLabel& category : values.fCategories.All()) {
-        values.fHeaders.push_back(HeaderLines(context, values, category));
+        values.fHeaders.push_back(HeaderOf(context, values, category));
     }
-    if (values.fCategories.Cut() > 0) {
-        context.fNotes.push_back(
-            "The first " + std::to_string(values.fCategories.Count()) + " of " +
-            std::to_string(values.fCategories.Count() + values.fCategories.Cut()) +
-            " groups are drawn.");
-    }
+    NoteCut(context.fNotes, context.fWords.fCutGroups, values.fCategories.Count(),
+            values.fCategories.Cut());
     return values;
 }
 
@@ -96,19 +91,19 @@ std::size_t RowCount(const ChartContext& context)
 
 }  // namespace
 
-const std::vector<std::string>* PanelGrid::HeaderOf(const Panel& panel) const
+std::optional<std::size_t> PanelGrid::HeaderOf(const Panel& panel) const
 {
-    if (fColumnHeaders.empty() || (!fWraps && panel.fRow > 0)) return nullptr;
+    if (!fWraps && panel.fRow > 0) return std::nullopt;
     const auto place =
         static_cast<std::size_t>(fWraps ? panel.fRow * fColumns + panel.fColumn : panel.fColumn);
-    return place < fColumnHeaders.size() ? &fColumnHeaders[place] : nullptr;
+    return place < fColumnHeaders.size() ? std::optional(place) : std::nullopt;
 }
 
-const std::vector<std::string>* PanelGrid::SideHeaderOf(const Panel& panel) const
+std::optional<std::size_t> PanelGrid::SideHeaderOf(const Panel& panel) const
 {
     const auto place = static_cast<std::size_t>(panel.fRow);
     const bool isFirst = panel.fColumn == 0;
-    return isFirst && place < fRowHeaders.size() ? &fRowHeaders[place] : nullptr;
+    return isFirst && place < fRowHeaders.size() ? std::optional(place) : std::nullopt;
 }
 
 PanelGrid MakePanels(ChartContext& context)
@@ -152,10 +147,10 @@ PanelGrid MakePanels(ChartContext& context)
     if (rowCount == 1 && grid.fColumns > kWrapAt) {
         grid.fWraps = true;
         grid.fRows = (grid.fColumns + kWrapAt - 1) / kWrapAt;
-        grid.fColumns = kWrapAt;
+        grid.fColumns = (grid.fColumns + grid.fRows - 1) / grid.fRows;
         for (std::size_t place = 0; place < grid.fPanels.size(); ++place) {
-            grid.fPanels[place].fRow = static_cast<int>(place) / kWrapAt;
-            grid.fPanels[place].fColumn = static_cast<int>(place) % kWrapAt;
+            grid.fPanels[place].fRow = static_cast<int>(place) / grid.fColumns;
+            grid.fPanels[place].fColumn = static_cast<int>(place) % grid.fColumns;
         }
     }
     return grid;

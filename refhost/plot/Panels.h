@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -8,6 +10,12 @@
 
 namespace refhost {
 
+/// The name of a facet's value, and what another variable tells of it.
+struct PanelHeader {
+    std::string fName;
+    std::string fMore;
+};
+
 /// The plots of the chart and how they stand to each other.
 struct PanelGrid {
     std::vector<Panel> fPanels;  ///< row by row, every place of the grid; at least one
@@ -15,15 +23,15 @@ struct PanelGrid {
     int fColumns = 1;
     const tree::Facet* fRowFacet = nullptr;  // null without facets of that direction
     const tree::Facet* fColumnFacet = nullptr;
-    std::vector<std::vector<std::string>> fRowHeaders;  ///< the lines of each
-    std::vector<std::vector<std::string>> fColumnHeaders;
+    std::vector<PanelHeader> fRowHeaders;
+    std::vector<PanelHeader> fColumnHeaders;
     std::vector<std::string> fNames;  ///< of the facets' variables, for the data's table
     bool fWraps = false;              ///< one row of plots that goes on below
     bool fAlternates = false;
 
-    /// Lines of the header above a plot; null where it has none.
-    const std::vector<std::string>* HeaderOf(const Panel& panel) const;
-    const std::vector<std::string>* SideHeaderOf(const Panel& panel) const;
+    /// The place of the header above a plot, and beside it; nothing where it has none.
+    std::optional<std::size_t> HeaderOf(const Panel& panel) const;
+    std::optional<std::size_t> SideHeaderOf(const Panel& panel) const;
 };
 
 /// One panel for each value, or pair of values, of the facets' variables; one of all rows without.

@@ -86,12 +86,8 @@ void Settle(ChartContext& context, tree::Dimension dimension, PlotDirection& dir
     if (direction.fKind == ScaleKind::Category) {
         direction.fCategories =
             CategoryList(*direction.fVariable, context.fTree.fOrders, kMostCategories);
-        if (direction.fCategories.Cut() > 0) {
-            context.fNotes.push_back(
-                "The first " + std::to_string(direction.fCategories.Count()) + " of " +
-                std::to_string(direction.fCategories.Count() + direction.fCategories.Cut()) +
-                " categories are drawn.");
-        }
+        NoteCut(context.fNotes, context.fWords.fCutCategories, direction.fCategories.Count(),
+                direction.fCategories.Cut());
         return;
     }
     if (!standing) return;

@@ -10,6 +10,7 @@
 #include "refhost/plot/Bins.h"
 #include "refhost/plot/Categories.h"
 #include "refhost/plot/ChartData.h"
+#include "refhost/plot/PlotWords.h"
 #include "refhost/plot/ResolvedChart.h"
 
 namespace refhost {
@@ -20,6 +21,7 @@ struct ChartContext {
     const ChartDrawing& fDrawing;
     const tree::Visualization& fTree;
     const tree::Graph& fGraph;
+    const PlotWords& fWords;
     ChartData fData;
     std::vector<std::string> fNotes;
     DataSummary fSummary;

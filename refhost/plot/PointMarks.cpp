@@ -46,9 +46,12 @@ void AddPoints(ChartContext& context, const tree::Element& element, const Panel&
     layer.fStyle = LineStyle(FindStyle(context, element.fStyle), usual);
     if (layer.fKind == MarkKind::Point) layer.fStyle.fFill = layer.fStyle.fStroke;
     for (const std::size_t row : panel.fRows) {
-        if (layer.fMarks.size() == kMostMarks) break;
         auto mark = MarkAt(element, *x, *y, row, space);
         if (!mark) continue;
+        if (layer.fMarks.size() == kMostMarks) {
+            NoteCutMarks(context);
+            break;
+        }
         mark->fPopup = popup ? PopupText(context, *popup, row)
                              : NamedValue(x->Title(), x->Text(row)) + "\n" +
                                    NamedValue(y->Title(), y->Text(row));
@@ -79,7 +82,11 @@ void AddTexts(ChartContext& context, const tree::Element& element, const Panel& 
             continue;
         }
         auto mark = MarkAt(element, *x, *y, row, space);
-        if (!mark || layer.fMarks.size() == kMostMarks) continue;
+        if (!mark) continue;
+        if (layer.fMarks.size() == kMostMarks) {
+            NoteCutMarks(context);
+            break;
+        }
         mark->fText = text;
         layer.fMarks.push_back(std::move(*mark));
     }

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "refhost/document/OutputNode.h"
+#include "refhost/plot/Curves.h"
 #include "refhost/plot/Guides.h"
 #include "refhost/plot/Legends.h"
 #include "refhost/plot/Marks.h"
@@ -21,8 +22,10 @@ constexpr double kNetworkWidth = 490.0;
 constexpr double kNetworkHeight = 360.0;
 constexpr double kCaptionFont = 12.0;
 constexpr double kCaptionAir = 8.0;
-constexpr double kBoldness = 1.08;     // letters of bold texts are wider
-constexpr double kLegendWidth = 40.0;  // of the symbol and the gaps around it
+constexpr double kBoldness = 1.08;       // letters of bold texts are wider
+constexpr std::size_t kManyPlots = 25;   // from which captions are bare numbers
+constexpr double kFarthestStart = 20.0;  // of a distribution: ranges of the data below them
+constexpr double kLegendWidth = 40.0;    // of the symbol and the gaps around it
 
 /// What an element draws in a panel before the scales are known.
 struct PanelMarks {
@@ -76,10 +79,23 @@ void TakeRanges(PlotSpace& space)
     }
 }
 
+/// The axis reaches to where the distribution begins, unless nothing would be left of the bars.
+void TakeCurveStart(PlotSpace& space, const tree::DistributionStatistic& distribution)
+{
+    if (space.fX.fKind != ScaleKind::Linear || space.fX.fMin) return;
+    Extent& extent = space.fX.fExtent;
+    const auto shape = ShapeOf(distribution, /*onTimeAxis=*/false);
+    const auto start = shape ? StartOf(*shape) : std::nullopt;
+    if (start && extent.fLow - *start < kFarthestStart * (extent.fHigh - extent.fLow)) {
+        extent.Take(*start);
+    }
+}
+
 /// A curve without data has a range of its own: six spreads around the middle.
 void TakeCurveRange(PlotSpace& space, const tree::Element& element)
 {
-    if (!space.fX.fExtent.IsEmpty() || !element.fDistribution->fParameter) return;
+    if (!space.fX.fExtent.IsEmpty()) return TakeCurveStart(space, *element.fDistribution);
+    if (!element.fDistribution->fParameter) return;
     const double middle = element.fDistribution->fParameter->fValue;
     const auto& secondary = element.fDistribution->fSecondary;
     const double spread = secondary ? std::fabs(secondary->fValue) : std::fabs(middle);
@@ -100,8 +116,9 @@ void DrawCurves(ChartContext& context, PlotSpace& space, PanelMarks& marks)
     }
 }
 
-/// The caption in the middle of a plot; one that doesn't fit is cut to its last word, the number.
-void AddCaption(const std::string& caption, ResolvedPlot& plot)
+/// The caption in the middle of a plot; one that doesn't fit, and each
+/// of many, is cut to its last word, the number.
+void AddCaption(const std::string& caption, bool isCrowded, ResolvedPlot& plot)
 {
     if (caption.empty()) return;
     MarkLayer layer;
@@ -115,7 +132,8 @@ void AddCaption(const std::string& caption, ResolvedPlot& plot)
     layer.fStyle.fBaseline = TextBaseline::Middle;
     ResolvedMark mark;
     mark.fText = caption;
-    if (TextBlockWidth(caption, kCaptionFont) * kBoldness > plot.fWidth - kCaptionAir) {
+    const double width = TextBlockWidth(caption, kCaptionFont) * kBoldness;
+    if (isCrowded || width > plot.fWidth - kCaptionAir) {
         const std::size_t cut = caption.find_last_of("\n ");
         if (cut != std::string::npos) mark.fText = caption.substr(cut + 1);
     }
@@ -183,7 +201,7 @@ bool ResolvePanels(ChartContext& context, ResolvedChart& chart)
         ResolvedPlot plot = MakePlot(context, grid, grid.fPanels[place], space, layout);
         plot.fLayers = std::move(drawn[place].fLayers);
         AddGuides(context, guides, plot);
-        AddCaption(drawn[place].fCaption, plot);
+        AddCaption(drawn[place].fCaption, grid.fPanels.size() >= kManyPlots, plot);
         chart.fPlots.push_back(std::move(plot));
     }
     AddLabelFrames(context, guides, layout.fPicture, layout.fArea, chart.fPlots.front());
@@ -225,11 +243,21 @@ double LegendWidth(const std::vector<ResolvedLegend>& legends)
 
 std::unique_ptr<ResolvedChart> ResolveChart(const ChartNode& node)
 {
+    return ResolveChart(node, PlotWords());
+}
+
+std::unique_ptr<ResolvedChart> ResolveChart(const ChartNode& node, const PlotWords& words)
+{
     if (!node.fDrawing || node.fDrawing->fTree.fGraphs.empty()) return nullptr;
     const ChartDrawing& drawing = *node.fDrawing;
-    ChartContext context{
-        node, drawing, drawing.fTree, drawing.fTree.fGraphs.front(), ChartData(node, drawing),
-        {},   {}};
+    ChartContext context{node,
+                         drawing,
+                         drawing.fTree,
+                         drawing.fTree.fGraphs.front(),
+                         words,
+                         ChartData(node, drawing),
+                         {},
+                         {}};
     auto chart = std::make_unique<ResolvedChart>();
     chart->fTitle = node.fTitle;
     chart->fSubtitle = node.fSubtitle;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <limits>
 #include <memory>
 #include <string>
@@ -120,6 +121,13 @@ struct MarkLayer {
     std::vector<ResolvedMark> fMarks;
 };
 
+/// What names a plot: a name in strong letters, and what is told of it.
+struct PlotHeader {
+    std::vector<std::string> fLines;
+    std::size_t fStrongLines = 0;  ///< the first of them
+    std::string fPopup;            ///< the whole text where the lines leave out some of it
+};
+
 struct ResolvedPlot {
     int fRow = 0;  ///< place in the grid of plots
     int fColumn = 0;
@@ -130,9 +138,9 @@ struct ResolvedPlot {
     ResolvedScale fY;
     std::vector<ResolvedAxis> fAxes;
     std::vector<MarkLayer> fLayers;
-    std::vector<std::string> fHeader;  ///< lines above the plot, the first one strong
-    std::string fSideHeader;           ///< turned, left of the plot
-    bool fSideHeaderUpright = false;   ///< the side header stands right of the plot, not turned
+    PlotHeader fHeader;               ///< above the plot
+    PlotHeader fSideHeader;           ///< turned, left of the plot
+    bool fSideHeaderUpright = false;  ///< the side header stands right of the plot, not turned
 };
 
 struct LegendEntry {

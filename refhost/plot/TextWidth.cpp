@@ -16,7 +16,45 @@ double CharacterWidth(unsigned char lead)
     return kWide.find(static_cast<char>(lead)) != std::string_view::npos ? 0.9 : 0.65;
 }
 
+constexpr std::string_view kEllipsis = "\xE2\x80\xA6";
+
 bool IsContinuation(unsigned char byte) { return (byte & 0xC0) == 0x80; }
+
+/// Words with the comma behind them; a blank before a word is part of it.
+std::vector<std::string_view> WordsOf(std::string_view line)
+{
+    std::vector<std::string_view> words;
+    std::size_t from = 0;
+    for (std::size_t at = 1; at < line.size(); ++at) {
+        const bool isBreak = line[at] == ' ' || (line[at - 1] == ',' && line[at] != ' ');
+        if (!isBreak) continue;
+        words.push_back(line.substr(from, at - from));
+        from = at;
+    }
+    words.push_back(line.substr(from));
+    return words;
+}
+
+std::string_view WithoutLeadingBlanks(std::string_view word)
+{
+    word.remove_prefix(std::min(word.find_first_not_of(' '), word.size()));
+    return word;
+}
+
+/// As much of the text as fits with an ellipsis behind it; whole characters.
+std::string Shortened(std::string_view text, double fontSize, double room)
+{
+    while (!text.empty() && TextWidth(text, fontSize) + TextWidth(kEllipsis, fontSize) > room) {
+        while (text.size() > 1 && IsContinuation(static_cast<unsigned char>(text.back()))) {
+            text.remove_suffix(1);
+        }
+        text.remove_suffix(1);
+    }
+    while (!text.empty() && (text.back() == ' ' || text.back() == ',')) {
+        text.remove_suffix(1);
+    }
+    return std::string(text).append(kEllipsis);
+}
 
 }  // namespace
 
@@ -37,6 +75,35 @@ double TextBlockWidth(std::string_view text, double fontSize)
         width = std::max(width, TextWidth(line, fontSize));
     }
     return width;
+}
+
+std::vector<std::string> WrapText(std::string_view text, double fontSize, double room,
+                                  std::size_t mostLines)
+{
+    std::vector<std::string> lines;
+    for (const std::string& given : TextLines(text)) {
+        lines.emplace_back();
+        for (const std::string_view word : WordsOf(given)) {
+            std::string& line = lines.back();
+            const bool fits = TextWidth(line, fontSize) + TextWidth(word, fontSize) <= room;
+            if (line.empty() || fits) {
+                line.append(line.empty() ? WithoutLeadingBlanks(word) : word);
+            } else if (lines.size() == mostLines) {
+                line = Shortened(line.append(word), fontSize, room);
+                return lines;
+            } else {
+                lines.emplace_back(WithoutLeadingBlanks(word));
+            }
+        }
+    }
+    if (lines.size() > mostLines) {
+        lines.resize(mostLines);
+        lines.back() += kEllipsis;
+    }
+    for (std::string& line : lines) {
+        if (TextWidth(line, fontSize) > room) line = Shortened(line, fontSize, room);
+    }
+    return lines;
 }
 
 std::vector<std::string> TextLines(std::string_view text)

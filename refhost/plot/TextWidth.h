@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -15,5 +16,11 @@ double TextBlockWidth(std::string_view text, double fontSize);
 
 /// The lines of a text, parted by line feeds. Never empty.
 std::vector<std::string> TextLines(std::string_view text);
+
+/// The text in lines of at most `room` pixels, broken at its own line feeds, at blanks and behind
+/// commas; what doesn't fit into `mostLines` lines, and a word that is wider, ends with an
+/// ellipsis.
+std::vector<std::string> WrapText(std::string_view text, double fontSize, double room,
+                                  std::size_t mostLines);
 
 }  // namespace refhost

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <iterator>
 
 #include "refhost/data/Calendar.h"
 #include "refhost/data/NumberText.h"
@@ -43,8 +44,9 @@ std::vector<AxisTick> CalendarTicks(double low, double high, int ticks)
 {
     constexpr double kMonth = 30.436875 * kDay;
     const double wanted = (high - low) / kMonth / ticks;
-    double step = wanted <= 1.0 ? 1.0 : wanted <= 3.0 ? 3.0 : wanted <= 6.0 ? 6.0 : 0.0;
-    if (step == 0.0) step = 12.0 * NiceStep(wanted / 12.0);
+    constexpr double kSteps[] = {1.0, 2.0, 3.0, 6.0, 12.0};
+    const auto* found = std::lower_bound(std::begin(kSteps), std::end(kSteps), wanted);
+    const double step = found != std::end(kSteps) ? *found : 12.0 * NiceStep(wanted / 12.0);
     const auto months = static_cast<std::int64_t>(std::max(1.0, step));
     std::vector<AxisTick> places;
     auto month = static_cast<std::int64_t>(std::floor(low / kMonth)) - 2;

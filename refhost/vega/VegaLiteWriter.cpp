@@ -94,7 +94,7 @@ void WritePlot(JsonStream& json, const ResolvedChart& chart, const ResolvedPlot&
     json.BeginArray();
     WriteMarks(json, plot);
     WriteHeader(json, plot);
-    if (!plot.fSideHeader.empty()) {
+    if (!plot.fSideHeader.fLines.empty()) {
         WriteSideHeader(json, plot,
                         kSideHeaderGap + (plot.fSideHeaderUpright ? 0.0 : LeftStrip(plot)));
     }

@@ -252,6 +252,72 @@ MarkLayer HaloOf(const MarkLayer& texts)
     return halo;
 }
 
+struct TextPlace {
+    double fX = 0.0;
+    double fY = 0.0;
+};
+
+/// One line below the other, from the place of the first; `layer` says how they are aligned.
+void WriteHeaderLines(JsonStream& json, const ResolvedPlot& plot, const PlotHeader& header,
+                      MarkLayer layer, TextPlace first)
+{
+    layer.fKind = MarkKind::Text;
+    layer.fInPixels = true;
+    layer.fStyle.fFill = {Paint::Ink, {}};
+    layer.fStyle.fFontSize = kHeaderFont;
+    for (std::size_t line = 0; line < header.fLines.size(); ++line, first.fY += kHeaderLine) {
+        if (header.fLines[line].empty()) continue;
+        layer.fStyle.fBold = line < header.fStrongLines;
+        ResolvedMark mark;
+        mark.fX = first.fX;
+        mark.fY = first.fY;
+        mark.fText = header.fLines[line];
+        mark.fPopup = header.fPopup;
+        layer.fMarks.assign(1, mark);
+        WriteLayer(json, plot, layer);
+    }
+}
+
+/// Turned, and so one text of one weight.
+void WriteTurnedHeader(JsonStream& json, const ResolvedPlot& plot, double strip)
+{
+    json.BeginObject();
+    json.Key("data");
+    json.BeginObject();
+    json.Key("values");
+    json.BeginArray();
+    json.BeginObject();
+    json.Key("text");
+    json.BeginArray();
+    for (const std::string& line : plot.fSideHeader.fLines) {
+        if (!line.empty()) json.Value(std::string_view(line));
+    }
+    json.EndArray();
+    WriteWord(json, "tip", plot.fSideHeader.fPopup);
+    json.EndObject();
+    json.EndArray();
+    json.EndObject();
+    json.Key("mark");
+    json.BeginObject();
+    json.Member("type", "text");
+    json.Member("angle", 270);
+    json.Member("align", "center");
+    json.Member("baseline", "bottom");
+    json.Member("fontSize", 12);
+    json.Member("lineHeight", 16);
+    json.Member("fontWeight", 600);
+    WriteColorMember(json, "fill", {Paint::Ink, {}});
+    json.EndObject();
+    json.Key("encoding");
+    json.BeginObject();
+    WritePixel(json, "x", -strip);
+    WritePixel(json, "y", plot.fHeight / 2);
+    WriteField(json, "text", "text", "nominal");
+    if (!plot.fSideHeader.fPopup.empty()) WriteField(json, "tooltip", "tip", "nominal");
+    json.EndObject();
+    json.EndObject();
+}
+
 }  // namespace
 
 void WriteMarks(JsonStream& json, const ResolvedPlot& plot)
@@ -280,58 +346,22 @@ void WriteMarks(JsonStream& json, const ResolvedPlot& plot)
 void WriteHeader(JsonStream& json, const ResolvedPlot& plot)
 {
     MarkLayer layer;
-    layer.fKind = MarkKind::Text;
-    layer.fInPixels = true;
-    layer.fStyle.fFill = {Paint::Ink, {}};
-    layer.fStyle.fFontSize = kHeaderFont;
     layer.fStyle.fAlign = TextAlign::Center;
     layer.fStyle.fBaseline = TextBaseline::Bottom;
-    double y = -kHeaderGap - kHeaderLine * (static_cast<double>(plot.fHeader.size()) - 1.0);
-    for (const std::string& line : plot.fHeader) {
-        layer.fStyle.fBold = &line == &plot.fHeader.front();
-        ResolvedMark mark;
-        mark.fX = plot.fWidth / 2;
-        mark.fY = y;
-        mark.fText = line;
-        layer.fMarks.assign(1, mark);
-        WriteLayer(json, plot, layer);
-        y += kHeaderLine;
-    }
+    const auto lines = static_cast<double>(plot.fHeader.fLines.size());
+    WriteHeaderLines(json, plot, plot.fHeader, layer,
+                     {plot.fWidth / 2, -kHeaderGap - kHeaderLine * (lines - 1.0)});
 }
 
 void WriteSideHeader(JsonStream& json, const ResolvedPlot& plot, double strip)
 {
-    const bool isUpright = plot.fSideHeaderUpright;
-    json.BeginObject();
-    json.Key("data");
-    json.BeginObject();
-    json.Key("values");
-    json.BeginArray();
-    json.BeginObject();
-    json.Key("text");
-    json.Lines(plot.fSideHeader);
-    json.EndObject();
-    json.EndArray();
-    json.EndObject();
-    json.Key("mark");
-    json.BeginObject();
-    json.Member("type", "text");
-    if (!isUpright) json.Member("angle", 270);
-    json.Member("align", isUpright ? "left" : "center");
-    json.Member("baseline", isUpright ? "middle" : "bottom");
-    json.Member("fontSize", 12);
-    json.Member("lineHeight", 16);
-    json.Member("fontWeight", 600);
-    if (!isUpright) json.Member("limit", plot.fHeight);
-    WriteColorMember(json, "fill", {Paint::Ink, {}});
-    json.EndObject();
-    json.Key("encoding");
-    json.BeginObject();
-    WritePixel(json, "x", isUpright ? plot.fWidth + strip : -strip);
-    WritePixel(json, "y", plot.fHeight / 2);
-    WriteField(json, "text", "text", "nominal");
-    json.EndObject();
-    json.EndObject();
+    if (!plot.fSideHeaderUpright) return WriteTurnedHeader(json, plot, strip);
+    MarkLayer layer;
+    layer.fStyle.fAlign = TextAlign::Left;
+    layer.fStyle.fBaseline = TextBaseline::Middle;
+    const auto lines = static_cast<double>(plot.fSideHeader.fLines.size());
+    WriteHeaderLines(json, plot, plot.fSideHeader, layer,
+                     {plot.fWidth + strip, plot.fHeight / 2 - kHeaderLine * (lines - 1.0) / 2});
 }
 
 }  // namespace refhost

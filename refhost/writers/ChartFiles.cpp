@@ -10,6 +10,7 @@
 #include "refhost/plot/ResolvedChart.h"
 #include "refhost/vega/VegaLiteWriter.h"
 #include "refhost/writers/ByteOutput.h"
+#include "refhost/writers/ReportWords.h"
 
 namespace refhost {
 
@@ -33,7 +34,8 @@ std::string NamePart(std::string_view title)
         else if (!name.empty() && name.back() != '-')
             name += '-';
     }
-    while (name.ends_with('-')) name.pop_back();
+    while (name.ends_with('-'))
+        name.pop_back();
     return name.empty() ? "chart" : name;
 }
 
@@ -47,7 +49,11 @@ ChartFiles::ChartFiles(const std::string& folder, std::unique_ptr<OutputSink> ne
     if (error) throw WriteFailure(fmt::format("{} can't be made: {}", folder, error.message()));
 }
 
-void ChartFiles::Begin(const RunStart& start) { fNext->Begin(start); }
+void ChartFiles::Begin(const RunStart& start)
+{
+    fLanguage = start.fLanguage;
+    fNext->Begin(start);
+}
 
 void ChartFiles::Node(OutputNodePtr node)
 {
@@ -60,7 +66,8 @@ void ChartFiles::End(const RunEnd& end) { fNext->End(end); }
 void ChartFiles::WriteCharts(const OutputNode& node)
 {
     if (const auto* heading = std::get_if<HeadingNode>(&node.fContent))
-        for (const OutputNodePtr& child : heading->fChildren) WriteCharts(*child);
+        for (const OutputNodePtr& child : heading->fChildren)
+            WriteCharts(*child);
     else if (const auto* chart = std::get_if<ChartNode>(&node.fContent))
         WriteChart(*chart);
 }
@@ -68,7 +75,7 @@ void ChartFiles::WriteCharts(const OutputNode& node)
 void ChartFiles::WriteChart(const ChartNode& chart)
 {
     ++fCharts;
-    const std::unique_ptr<ResolvedChart> resolved = ResolveChart(chart);
+    const std::unique_ptr<ResolvedChart> resolved = ResolveChart(chart, WordsOfPlots(fLanguage));
     if (!resolved) return;
     const std::string name = fmt::format("{:03}-{}.vl.json", fCharts, NamePart(chart.fTitle));
     ByteOutput output((std::filesystem::path(fFolder) / name).string());

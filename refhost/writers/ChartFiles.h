@@ -23,6 +23,7 @@ private:
     void WriteChart(const ChartNode& chart);
 
     std::string fFolder;
+    std::string fLanguage;
     std::unique_ptr<OutputSink> fNext;
     std::size_t fCharts = 0;
 };

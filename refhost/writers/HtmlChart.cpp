@@ -95,7 +95,7 @@ bool AddsToTitles(const ChartNode& chart)
 void AppendChart(std::string& out, const ChartNode& chart, std::string_view id,
                  std::string_view language)
 {
-    const std::unique_ptr<ResolvedChart> picture = ResolveChart(chart);
+    const std::unique_ptr<ResolvedChart> picture = ResolveChart(chart, WordsOfPlots(language));
     out.append("<figure class=\"chart\" id=\"").append(id).append("\" aria-labelledby=\"");
     out.append(id).append("-name\">\n<p class=\"title\" id=\"").append(id);
     out.append("-name\"><a href=\"#").append(id).append("\">");

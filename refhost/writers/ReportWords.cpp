@@ -41,6 +41,24 @@ constexpr WordRow kWords[] = {
     {"numbers",     "^1 numbers, ^2 to ^3, mean ^4", "^1 Zahlen, ^2 bis ^3, Mittel ^4"},
     {"values",      "^1 values: ^2",               "^1 Werte: ^2"},
     {"no-values",   "no values",                   "keine Werte"},
+    {"upper-whisker",  "Upper whisker",  "Oberes Ende des Whiskers"},
+    {"third-quartile", "Third quartile", "Drittes Quartil"},
+    {"median",         "Median",         "Median"},
+    {"first-quartile", "First quartile", "Erstes Quartil"},
+    {"lower-whisker",  "Lower whisker",  "Unteres Ende des Whiskers"},
+    {"outliers",       "Outliers",       "Ausreißer"},
+    {"cut-categories", "The first ^1 of ^2 categories are drawn.",
+                       "Gezeichnet sind die ersten ^1 von ^2 Kategorien."},
+    {"cut-groups",     "The first ^1 of ^2 groups are drawn.",
+                       "Gezeichnet sind die ersten ^1 von ^2 Gruppen."},
+    {"cut-nodes",      "The first ^1 of ^2 nodes are drawn.",
+                       "Gezeichnet sind die ersten ^1 von ^2 Knoten."},
+    {"cut-entries",    "The legend names the first ^1 of ^2 entries.",
+                       "Die Legende nennt die ersten ^1 von ^2 Einträgen."},
+    {"cut-marks",      "The first ^1 marks are drawn; the data have more.",
+                       "Gezeichnet sind die ersten ^1 Elemente; die Daten haben mehr."},
+    {"far-line",       "A line at ^1 lies far beyond the data and is not drawn.",
+                       "Eine Linie bei ^1 liegt weit außerhalb der Daten und ist nicht gezeichnet."},
     {"licences",    "Licences of the drawing libraries in this page",
                     "Lizenzen der Zeichenbibliotheken in dieser Seite"},
 };
@@ -54,6 +72,16 @@ std::string_view ReportWord(std::string_view language, std::string_view key)
     for (const WordRow& row : kWords)
         if (row.fKey == key) return german ? row.fGerman : row.fEnglish;
     return key;
+}
+
+PlotWords WordsOfPlots(std::string_view language)
+{
+    return {ReportWord(language, "upper-whisker"),  ReportWord(language, "third-quartile"),
+            ReportWord(language, "median"),         ReportWord(language, "first-quartile"),
+            ReportWord(language, "lower-whisker"),  ReportWord(language, "outliers"),
+            ReportWord(language, "cut-categories"), ReportWord(language, "cut-groups"),
+            ReportWord(language, "cut-nodes"),      ReportWord(language, "cut-entries"),
+            ReportWord(language, "cut-marks"),      ReportWord(language, "far-line")};
 }
 
 std::string ReportSentence(std::string_view language, std::string_view key,

@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "refhost/plot/PlotWords.h"
+
 namespace refhost {
 
 /// A word or sentence of the writers' own, by its key: "outline" gives "Outline" or
@@ -14,5 +16,8 @@ std::string_view ReportWord(std::string_view language, std::string_view key);
 /// The same with its places ^1, ^2 and so on filled.
 std::string ReportSentence(std::string_view language, std::string_view key,
                            std::initializer_list<std::string_view> parts);
+
+/// The words that plots make themselves; they stay valid.
+PlotWords WordsOfPlots(std::string_view language);
 
 }  // namespace refhost
