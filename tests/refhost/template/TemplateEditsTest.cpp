@@ -211,7 +211,7 @@ TEST(TemplateEdits, CategoriesAreNeitherBinnedNorSummed)
 {
     auto text = Replaced(TemplateText("NPARHistogram"), "<binStatistic/>", "");
     text = Replaced(text, "<summaryStatistic method=\"sum\"/>", "");
-    const auto& bars = Read(text).fGraphs.front().fElements.front();
+    const auto bars = Read(text).fGraphs.front().fElements.front();
     EXPECT_FALSE(bars.fX->fBinned);
     EXPECT_EQ(bars.fY->fSummary, refhost::tree::Summary::None);
 }
@@ -221,7 +221,7 @@ TEST(TemplateEdits, TheGuideOfAnObservedCountThatBeginsWith500IsNotTakenForTheMe
     auto text = TemplateText("NPAROneSampleRunsTest");
     text.replace(text.find("<lineGuide x=\"20") + 14, 2, "5003");
     text.replace(text.find("<lineGuide x=\"500") + 14, 3, "4870.25");
-    const auto& guides = Read(text).fGraphs.front().fLineGuides;
+    const auto guides = Read(text).fGraphs.front().fLineGuides;
     ASSERT_EQ(guides.size(), 2u);
     EXPECT_EQ(guides[0].Place(), 4870.25);
     EXPECT_EQ(guides[1].Place(), 5003);
@@ -233,7 +233,7 @@ TEST(TemplateEdits, RunsTakeRangeParametersAndTheRoomForASplit)
     text.replace(text.find("<range max=\"") + 12, 3, "31");
     text.replace(text.find("parameter=\"") + 11, 2, "15.73");
     text.replace(text.find("secondaryParameter=\"") + 20, 1, "2.75");
-    const auto& graph = Read(Replaced(text, "10%", "15%")).fGraphs.front();
+    const auto graph = Read(Replaced(text, "10%", "15%")).fGraphs.front();
     EXPECT_EQ(graph.fDimensions.front().fMax, 31);
     EXPECT_EQ(graph.fElements.front().fDistribution->fParameter->fValue, 15.73);
     EXPECT_EQ(graph.fElements.front().fDistribution->fSecondary->fValue, 2.75);
@@ -251,7 +251,7 @@ TEST(TemplateEdits, TwoGroupsAreMirroredInTheHistogramsOfRelatedSamples)
     text[text.find('x', at)] = 'y';
     text.replace(text.find("invert=\"") + 8, 4, "false");
     text.replace(text.find("3%"), 1, "18");
-    const auto& graph = Read(text).fGraphs.front();
+    const auto graph = Read(text).fGraphs.front();
     EXPECT_TRUE(graph.fFacetLayout->fAlternating);
     EXPECT_EQ(graph.fFacetLayout->fSide, refhost::tree::Dimension::Y);
     EXPECT_FALSE(graph.fFacetLayout->fInvert);
