@@ -53,7 +53,7 @@ std::string NumberInWords(double number) { return fmt::format("{:.6g}", number);
 
 std::string Numbers(const ColumnSummary& column, std::string_view language)
 {
-    const std::string least = NumberInWords(column.fLeast);
+    std::string least = NumberInWords(column.fLeast);
     if (column.fNumbers == 1) return least;
     return ReportSentence(language, "numbers",
                           {std::to_string(column.fNumbers), least, NumberInWords(column.fMost),

@@ -64,8 +64,8 @@ std::vector<FlatDimension> FlattenPlace(const TableNode& table, PivotPlace place
         flat.fIndex = index;
         Flatten(dimension.fItems, kNoParent, 0, flat);
     }
-    std::ranges::stable_partition(
-        dimensions, [](const FlatDimension& flat) { return flat.fDimension->fSort == 0; });
+    std::stable_partition(dimensions.begin(), dimensions.end(),
+                          [](const FlatDimension& flat) { return flat.fDimension->fSort == 0; });
     return dimensions;
 }
 
