@@ -40,6 +40,10 @@ TEST(CellText, ShowsNumbersInTheirFormat)
     const PivotRun run(Variables());
     const Row rows[] = {
         {0.0412, BpProcedure::Significance(), "0.041", "three decimals"},
+        {0.00049, BpProcedure::Significance(), "<0.001", "no significance is zero"},
+        {0.0005, BpProcedure::Significance(), "0.001", "what rounds up shows"},
+        {0.0, BpProcedure::Significance(), "0.000", "a number that is zero"},
+        {-0.0001, BpProcedure::Significance(), "0.000", "a statistic below zero"},
         {-0.0001, BpProcedure::Coefficient(), "0.000", "a zero has no sign"},
         {71, BpProcedure::Count(), "71", "whole"},
         {95, BpProcedure::Percent(), "95", "a whole percentage"},
