@@ -3,7 +3,6 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <cerrno>
 #include <system_error>
 
@@ -33,23 +32,33 @@ ByteOutput::~ByteOutput()
 
 void ByteOutput::Flush()
 {
-    if (fText) {
-        *fText += fGathered;
-        fGathered.clear();
+    const std::string_view gathered(fPiece.get(), fUsed);
+    fUsed = 0;  // also where they can't be sent: they are not to be tried again
+    Send(gathered);
+}
+
+void ByteOutput::WriteBeyond(std::string_view bytes)
+{
+    Flush();
+    if (bytes.size() > kPiece) {
+        Send(bytes);
         return;
     }
-    std::string_view rest = fGathered;
-    while (!rest.empty()) {
-        const ssize_t written = ::write(fDescriptor, rest.data(), rest.size());
-        if (written < 0 && errno == EINTR) continue;
-        if (written < 0) {
-            const int reason = errno;
-            fGathered.clear();
-            Fail(reason);
-        }
-        rest.remove_prefix(static_cast<std::size_t>(written));
+    Write(bytes);
+}
+
+void ByteOutput::Send(std::string_view bytes)
+{
+    if (fText) {
+        *fText += bytes;
+        return;
     }
-    fGathered.clear();
+    while (!bytes.empty()) {
+        const ssize_t written = ::write(fDescriptor, bytes.data(), bytes.size());
+        if (written < 0 && errno == EINTR) continue;
+        if (written < 0) Fail(errno);
+        bytes.remove_prefix(static_cast<std::size_t>(written));
+    }
 }
 
 void ByteOutput::Close()
@@ -58,12 +67,6 @@ void ByteOutput::Close()
     if (!fOwned) return;
     fOwned = false;
     if (::close(fDescriptor) != 0) Fail(errno);  // some file systems tell of a full disk only here
-}
-
-void ByteOutput::Drain(std::size_t further)
-{
-    Flush();
-    fGathered.reserve(std::max(kPiece, further));
 }
 
 void ByteOutput::Fail(int reason) const

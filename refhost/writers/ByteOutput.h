@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstring>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -23,11 +25,19 @@ public:
 
     void Write(std::string_view bytes)
     {
-        if (fGathered.size() + bytes.size() > kPiece) Drain(bytes.size());
-        fGathered += bytes;
+        if (bytes.size() > kPiece - fUsed) {
+            WriteBeyond(bytes);
+            return;
+        }
+        std::memcpy(fPiece.get() + fUsed, bytes.data(), bytes.size());
+        fUsed += bytes.size();
     }
 
-    void Put(char byte) { Write({&byte, 1}); }
+    void Put(char byte)
+    {
+        if (fUsed == kPiece) Flush();
+        fPiece[fUsed++] = byte;
+    }
 
     /// Hands over what was gathered.
     void Flush();
@@ -38,15 +48,19 @@ public:
 private:
     static constexpr std::size_t kPiece = 1U << 16U;
 
-    /// Makes room for further bytes.
-    void Drain(std::size_t further);
+    /// Writes what the piece has no room for.
+    void WriteBeyond(std::string_view bytes);
+
+    /// Hands bytes over without gathering them.
+    void Send(std::string_view bytes);
     [[noreturn]] void Fail(int reason) const;
 
     std::string* fText = nullptr;
     std::string fName;
     int fDescriptor = -1;
     bool fOwned = false;
-    std::string fGathered;
+    std::unique_ptr<char[]> fPiece = std::make_unique<char[]>(kPiece);
+    std::size_t fUsed = 0;  // of the piece
 };
 
 }  // namespace refhost

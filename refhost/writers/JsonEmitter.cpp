@@ -5,7 +5,6 @@
 #include <cmath>
 #include <limits>
 
-#include "refhost/writers/ByteOutput.h"
 #include "refhost/writers/WellFormed.h"
 
 namespace refhost {
@@ -42,17 +41,11 @@ void JsonEmitter::Number(double number)
                      rapidjson::kNumberType);
 }
 
-void JsonEmitter::Stream::Put(char c)
+void JsonEmitter::Stream::PutAtBreak(char c)
 {
-    if (!fBreaks) {
-        fOutput.Put(c);
-    } else if (c == ',') {
-        fOutput.Put(c);
-        StartLine();
-    } else {
-        StartLine();
-        fOutput.Put(c);
-    }
+    if (c == ',') fOutput.Put(c);
+    StartLine();
+    if (c != ',') fOutput.Put(c);
 }
 
 void JsonEmitter::Stream::BreakLine(unsigned depth)

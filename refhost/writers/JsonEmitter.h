@@ -6,9 +6,9 @@
 #include <string>
 #include <string_view>
 
-namespace refhost {
+#include "refhost/writers/ByteOutput.h"
 
-class ByteOutput;
+namespace refhost {
 
 /// Writes JSON as it comes. Texts may hold any bytes: what is not UTF-8 becomes U+FFFD. Numbers are
 /// the shortest that read back as the same; the missing number, and what is not finite, is null.
@@ -42,11 +42,19 @@ private:
     public:
         using Ch = char;
         explicit Stream(ByteOutput& output) : fOutput(output) {}
-        void Put(char c);
+        void Put(char c)
+        {
+            if (fBreaks)
+                PutAtBreak(c);
+            else
+                fOutput.Put(c);
+        }
         void Flush() {}
         void BreakLine(unsigned depth);
 
     private:
+        /// A comma stays on the line before; all else begins the new one.
+        void PutAtBreak(char c);
         void StartLine();
 
         ByteOutput& fOutput;
