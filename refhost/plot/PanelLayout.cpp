@@ -28,8 +28,9 @@ constexpr double kGridGap = 8.0;
 constexpr double kNarrowestPlot = 64.0;
 constexpr double kLowestPlot = 56.0;
 constexpr double kHighestHeader = 96.0;  // of a plot for the turned header beside it
-constexpr double kHighestOfMany = 68.0;
-constexpr double kWidestWord = 104.0;
+constexpr double kHighestOfMany = 84.0;
+constexpr double kWidestWord = 128.0;  // of a header that a plot is widened for
+constexpr double kWidestOfMany = 92.0;
 constexpr double kSideHeaderRoom = 120.0;
 constexpr int kMany = 5;  // rows or columns from which a grid is crowded
 constexpr std::size_t kNameLines = 3;
@@ -138,7 +139,8 @@ double ColumnGap(const PanelGrid& grid)
 double LeastWidth(const PanelGrid& grid, const PlotSpace& space)
 {
     double least = grid.fPanels.size() > 1 ? kNarrowestPlot : 2 * kNarrowestPlot;
-    const double words = std::min(WordRoom(grid.fColumnHeaders), kWidestWord);
+    const double widest = grid.fColumns < kMany || !grid.fRowFacet ? kWidestWord : kWidestOfMany;
+    const double words = std::min(WordRoom(grid.fColumnHeaders), widest);
     least = std::max(least, words + kLabelAir - ColumnGap(grid));
     if (space.fX.fKind == ScaleKind::Category && grid.fPanels.size() == 1) {
         least = std::max(least, kCategoryRoom * static_cast<double>(space.fX.fCategories.Count()));

@@ -85,23 +85,25 @@ std::vector<std::string> WrapText(std::string_view text, double fontSize, double
         lines.emplace_back();
         for (const std::string_view word : WordsOf(given)) {
             std::string& line = lines.back();
-            const bool fits = TextWidth(line, fontSize) + TextWidth(word, fontSize) <= room;
-            if (line.empty() || fits) {
-                line.append(line.empty() ? WithoutLeadingBlanks(word) : word);
-            } else if (lines.size() == mostLines) {
-                line = Shortened(line.append(word), fontSize, room);
-                return lines;
+            if (line.empty()) {
+                line = WithoutLeadingBlanks(word);
+            } else if (TextWidth(line, fontSize) + TextWidth(word, fontSize) <= room) {
+                line.append(word);
             } else {
                 lines.emplace_back(WithoutLeadingBlanks(word));
             }
         }
     }
-    if (lines.size() > mostLines) {
+    const bool isCut = lines.size() > mostLines;
+    if (isCut) {
+        lines[mostLines - 1].append(" ").append(lines[mostLines]);
         lines.resize(mostLines);
-        lines.back() += kEllipsis;
     }
     for (std::string& line : lines) {
-        if (TextWidth(line, fontSize) > room) line = Shortened(line, fontSize, room);
+        const bool isLast = &line == &lines.back();
+        if (TextWidth(line, fontSize) > room || (isCut && isLast)) {
+            line = Shortened(line, fontSize, room);
+        }
     }
     return lines;
 }

@@ -1,5 +1,6 @@
 #include "refhost/vega/VegaLiteWriter.h"
 
+#include <algorithm>
 #include <string_view>
 
 #include "refhost/plot/ResolvedChart.h"
@@ -71,6 +72,17 @@ void WriteFieldTitle(JsonStream& json, const std::string& title, const char* sid
     json.EndObject();
 }
 
+/// Headers beside several rows stand in one line, whether or not each row's axis has a title.
+double SideHeaderStrip(const ResolvedChart& chart, const ResolvedPlot& plot)
+{
+    if (plot.fSideHeaderUpright) return kSideHeaderGap;
+    double strip = 0.0;
+    for (const ResolvedPlot& other : chart.fPlots) {
+        strip = std::max(strip, LeftStrip(other));
+    }
+    return kSideHeaderGap + strip;
+}
+
 /// What a plot is made of, as members of an object that is open.
 void WritePlot(JsonStream& json, const ResolvedChart& chart, const ResolvedPlot& plot,
                const LabelParameters& labels)
@@ -95,8 +107,7 @@ void WritePlot(JsonStream& json, const ResolvedChart& chart, const ResolvedPlot&
     WriteMarks(json, plot);
     WriteHeader(json, plot);
     if (!plot.fSideHeader.fLines.empty()) {
-        WriteSideHeader(json, plot,
-                        kSideHeaderGap + (plot.fSideHeaderUpright ? 0.0 : LeftStrip(plot)));
+        WriteSideHeader(json, plot, SideHeaderStrip(chart, plot));
     }
     if (&plot == &chart.fPlots.front()) WriteLegends(json, chart.fLegends, labels);
     json.EndArray();

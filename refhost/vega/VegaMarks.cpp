@@ -1,5 +1,6 @@
 #include "refhost/vega/VegaMarks.h"
 
+#include <algorithm>
 #include <cmath>
 #include <string_view>
 
@@ -310,7 +311,12 @@ void WriteTurnedHeader(JsonStream& json, const ResolvedPlot& plot, double strip)
     json.EndObject();
     json.Key("encoding");
     json.BeginObject();
-    WritePixel(json, "x", -strip);
+    const auto& lines = plot.fSideHeader.fLines;
+    const auto count = std::count_if(lines.begin(), lines.end(),
+                                     [](const std::string& line) { return !line.empty(); });
+    // Further lines stand right of the first.
+    const double further = kHeaderLine * (std::max(1.0, static_cast<double>(count)) - 1.0);
+    WritePixel(json, "x", -strip - further);
     WritePixel(json, "y", plot.fHeight / 2);
     WriteField(json, "text", "text", "nominal");
     if (!plot.fSideHeader.fPopup.empty()) WriteField(json, "tooltip", "tip", "nominal");

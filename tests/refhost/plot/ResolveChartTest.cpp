@@ -3,56 +3,20 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <fstream>
-#include <iterator>
 #include <limits>
 
+#include "refhost/plot/Picture.h"
 #include "refhost/plot/PlotScales.h"
 #include "refhost/plot/SampleChart.h"
 
 namespace refhost::test {
 namespace {
 
-std::string Template(const std::string& name)
-{
-    std::ifstream file(std::string(NONPAR_SOURCE_DIR) + "/refhost/templates/" + name +
-                       ".viztemplate");
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
 SampleChart Histogram()
 {
     SampleChart chart(Template("NPARHistogram"));
     chart.Numbers("value", {1, 2, 2.5, 3, 7, 9.5}).Numbers("count", {2, 5, 1, 7, 3, 2});
     return chart;
-}
-
-const MarkLayer* FindLayer(const ResolvedPlot& plot, MarkKind kind)
-{
-    for (const MarkLayer& layer : plot.fLayers) {
-        if (layer.fKind == kind) return &layer;
-    }
-    return nullptr;
-}
-
-std::size_t CountMarks(const ResolvedPlot& plot, MarkKind kind)
-{
-    std::size_t count = 0;
-    for (const MarkLayer& layer : plot.fLayers) {
-        count += layer.fKind == kind ? layer.fMarks.size() : 0;
-    }
-    return count;
-}
-
-std::vector<std::string> Texts(const ResolvedPlot& plot)
-{
-    std::vector<std::string> texts;
-    for (const MarkLayer& layer : plot.fLayers) {
-        for (const ResolvedMark& mark : layer.fMarks) {
-            if (layer.fKind == MarkKind::Text) texts.push_back(mark.fText);
-        }
-    }
-    return texts;
 }
 
 TEST(ResolveChart, DrawsNothingWithoutAVisualizationOrData)

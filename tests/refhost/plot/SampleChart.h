@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "refhost/document/OutputNode.h"
+#include "refhost/plot/PlotWords.h"
 #include "refhost/plot/ResolveChart.h"
 #include "refhost/template/ChartDrawing.h"
 #include "refhost/template/ReadTemplate.h"
@@ -79,11 +80,11 @@ public:
         return fDrawing.fTree;
     }
 
-    std::unique_ptr<ResolvedChart> Resolve()
+    std::unique_ptr<ResolvedChart> Resolve(const PlotWords& words = PlotWords())
     {
         Tree();
         fNode.fDrawing = std::make_shared<ChartDrawing>(fDrawing);
-        return ResolveChart(fNode);
+        return ResolveChart(fNode, words);
     }
 
 private:

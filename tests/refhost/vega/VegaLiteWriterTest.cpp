@@ -5,6 +5,7 @@
 
 #include <limits>
 #include <string>
+#include <vector>
 
 #include "refhost/plot/ResolvedChart.h"
 #include "refhost/vega/JsonStream.h"
@@ -177,6 +178,106 @@ TEST(VegaLiteText, HasItsTextsInsideOnlyInAFile)
     const rapidjson::Document file = Parsed(VegaLiteFile(ChartOf("label")));
     EXPECT_TRUE(file.HasMember("title"));
     EXPECT_TRUE(file.HasMember("config"));
+}
+
+/// Text marks of the document: their lines with the members of mark and encoding.
+struct WrittenText {
+    std::string text;
+    double x = 0.0;
+    double y = 0.0;
+    bool isStrong = false;
+    bool isTurned = false;
+    std::string tip;
+};
+
+std::vector<WrittenText> TextsOf(const rapidjson::Value& plot)
+{
+    std::vector<WrittenText> texts;
+    for (const auto& layer : plot["layer"].GetArray()) {
+        const auto& mark = layer["mark"];
+        if (!mark.IsObject() || std::string(mark["type"].GetString()) != "text") continue;
+        const auto& row = layer["data"]["values"][0];
+        WrittenText text;
+        const auto& lines = row["text"];
+        for (rapidjson::SizeType line = 0; lines.IsArray() && line < lines.Size(); ++line) {
+            text.text += std::string(line == 0 ? "" : "|") + lines[line].GetString();
+        }
+        if (lines.IsString()) text.text = lines.GetString();
+        text.x = layer["encoding"]["x"]["value"].GetDouble();
+        text.y = layer["encoding"]["y"]["value"].GetDouble();
+        text.isStrong = mark.HasMember("fontWeight") && mark["fontWeight"].GetInt() >= 600;
+        text.isTurned = mark.HasMember("angle");
+        const bool hasTip = row.HasMember("tip") && layer["encoding"].HasMember("tooltip");
+        text.tip = hasTip ? row["tip"].GetString() : "";
+        texts.push_back(text);
+    }
+    return texts;
+}
+
+TEST(VegaLiteText, PutsHeadersOutsideOfThePlot)
+{
+    ResolvedChart chart;
+    ResolvedPlot plot;
+    plot.fWidth = 120;
+    plot.fHeight = 80;
+    ResolvedAxis axis;
+    axis.fSide = AxisSide::Left;
+    axis.fExtent = 30;
+    plot.fAxes.push_back(axis);
+    plot.fHeader = {{"", "casein", "N = 12"}, 2, "casein, cut"};
+    struct Row {
+        bool isUpright;
+        std::vector<WrittenText> side;
+        const char* why;
+    };
+    for (const Row& row : {Row{false,
+                               {{"a name|of two", -56, 40, true, true, "the whole name"}},
+                               "turned: the second line stands between the first and the axis"},
+                           Row{true,
+                               {{"a name", 130, 24, true, false, "the whole name"},
+                                {"of two", 130, 40, false, false, "the whole name"}},
+                               "right of the plot"}}) {
+        SCOPED_TRACE(row.why);
+        plot.fSideHeader = {{"a name", "of two"}, 1, "the whole name"};
+        if (row.isUpright) plot.fSideHeader.fLines.emplace_back("");
+        plot.fSideHeaderUpright = row.isUpright;
+        chart.fPlots.assign(1, plot);
+        std::vector<WrittenText> expected = {{"casein", 60, -24, true, false, "casein, cut"},
+                                             {"N = 12", 60, -8, false, false, "casein, cut"}};
+        expected.insert(expected.end(), row.side.begin(), row.side.end());
+        const rapidjson::Document document = Parsed(VegaLiteText(chart));
+        const std::vector<WrittenText> texts = TextsOf(document);
+        ASSERT_EQ(texts.size(), expected.size()) << "an empty line is no mark";
+        for (std::size_t at = 0; at < texts.size(); ++at) {
+            SCOPED_TRACE(expected[at].text);
+            EXPECT_EQ(texts[at].text, expected[at].text);
+            EXPECT_EQ(texts[at].x, expected[at].x);
+            EXPECT_EQ(texts[at].y, expected[at].y);
+            EXPECT_EQ(texts[at].isStrong, expected[at].isStrong);
+            EXPECT_EQ(texts[at].isTurned, expected[at].isTurned);
+            EXPECT_EQ(texts[at].tip, expected[at].tip);
+        }
+    }
+}
+
+TEST(VegaLiteText, GivesAllLayersOfAPlotOneScale)
+{
+    for (const ScaleKind kind : {ScaleKind::Linear, ScaleKind::Time, ScaleKind::Category}) {
+        SCOPED_TRACE(static_cast<int>(kind));
+        ResolvedChart chart = ChartOf("a");
+        chart.fPlots[0].fX.fKind = kind;
+        chart.fPlots[0].fX.fMin = 1e11;
+        chart.fPlots[0].fX.fMax = 2e11;
+        const rapidjson::Document document = Parsed(VegaLiteText(chart));
+        EXPECT_EQ(std::string(document["encoding"]["x"]["type"].GetString()), "quantitative");
+        EXPECT_EQ(document["encoding"]["x"]["scale"]["domain"][1].GetDouble(), 2e11);
+        int scales = 0;
+        Walk(document, [&scales](const std::string& name, const rapidjson::Value& value) {
+            const bool isPlace = name == "x" || name == "y";
+            scales += isPlace && value.IsObject() && value.HasMember("scale") ? 1 : 0;
+        });
+        EXPECT_EQ(scales, 2) << "a second domain would be in conflict with the first";
+    }
 }
 
 TEST(VegaThemeText, NamesTheSameColoursOnBothGrounds)

@@ -1,0 +1,177 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "refhost/plot/Picture.h"
+#include "refhost/plot/PlotWords.h"
+#include "refhost/plot/SampleChart.h"
+
+namespace refhost::test {
+namespace {
+
+struct BarRow {
+    double x, x2, y, y2;
+    const char* series;
+    const char* popup;
+};
+
+void ExpectBars(const ResolvedPlot& plot, const std::vector<BarRow>& rows)
+{
+    std::vector<ResolvedMark> bars = MarksOf(plot, MarkKind::Rect);
+    ASSERT_EQ(bars.size(), rows.size());
+    for (const BarRow& row : rows) {
+        SCOPED_TRACE(row.popup);
+        const auto bar = std::find_if(bars.begin(), bars.end(), [&row](const ResolvedMark& mark) {
+            return mark.fPopup == row.popup;
+        });
+        ASSERT_NE(bar, bars.end()) << "no bar of that popup";
+        EXPECT_NEAR(bar->fX, row.x, 1e-9);
+        EXPECT_NEAR(bar->fX2, row.x2, 1e-9);
+        EXPECT_NEAR(bar->fY, row.y, 1e-9);
+        EXPECT_NEAR(bar->fY2, row.y2, 1e-9);
+        EXPECT_EQ(bar->fSeries, row.series);
+    }
+}
+
+TEST(Bars, StackInTheOrderOfTheLegendFromTheBottom)
+{
+    SampleChart sample(Template("NPARStackedBar"));
+    sample.Replace("CategoryOrderText", "low;mid;high").Replace("LegendLabel", "Level");
+    sample.Texts("categories", {"h", "h", "h", "o", "o"});
+    sample.Texts("type", {"high", "low", "mid", "high", "low"});
+    sample.Numbers("value", {30, 20, 50, 90, 10});
+    sample.Texts("tooltip", {"h high", "h low", "h mid", "o high", "o low"});
+    const auto chart = sample.Resolve();
+    ASSERT_TRUE(chart);
+    ExpectBars(chart->fPlots[0], {{-0.375, 0.375, 0, 20, "low", "h low"},
+                                  {-0.375, 0.375, 20, 70, "mid", "h mid"},
+                                  {-0.375, 0.375, 70, 100, "high", "h high"},
+                                  {0.625, 1.375, 0, 10, "low", "o low"},
+                                  {0.625, 1.375, 10, 100, "high", "o high"}});
+    ASSERT_EQ(chart->fLegends.size(), 1u);
+    EXPECT_EQ(chart->fLegends[0].fTitle, "Level");
+    std::vector<std::string> entries;
+    for (const LegendEntry& entry : chart->fLegends[0].fEntries) {
+        entries.push_back(entry.fLabel);
+    }
+    EXPECT_EQ(entries, (std::vector<std::string>{"low", "mid", "high"}));
+    EXPECT_EQ(TickTexts(*FindAxis(chart->fPlots[0], AxisSide::Bottom)),
+              (std::vector<std::string>{"h", "o"}));
+}
+
+TEST(Bars, StandBesideEachOtherInAClusterEvenWithoutHeight)
+{
+    SampleChart sample(Template("NPARChiSquareTest"));
+    sample.Replace("<popup ",
+                   "<popup tokenTemplate=\"$[category]$: $[observed]$ of $[hypothesized]$\" ");
+    sample.Texts("Category", {"a", "a", "b", "b"}).Texts("Type", {"o", "h", "o", "h"});
+    sample.Numbers("Frequency", {0, 4, 8, 4.5});
+    sample.Texts("Observed", {"0", "0", "8", "8"})
+        .Texts("Hypothesized", {"4", "4.0", "4.5", "4.50"});
+    const auto chart = sample.Resolve();
+    ASSERT_TRUE(chart);
+    ExpectBars(chart->fPlots[0], {{-0.4, 0, 0, 0, "o", "a: 0 of 4"},
+                                  {0, 0.4, 0, 4, "h", "a: 0 of 4.0"},
+                                  {0.6, 1, 0, 8, "o", "b: 8 of 4.5"},
+                                  {1, 1.4, 0, 4.5, "h", "b: 8 of 4.50"}});
+}
+
+TEST(Bars, ArePaleOnlyUnderACurveOrALine)
+{
+    struct Row {
+        const char* overlay;
+        const char* fill;
+        const char* why;
+    };
+    for (const Row& row :
+         {Row{"", "#2F6DB5", "a field on its own"},
+          Row{"<line><distributionStatistic distribution=\"normal\" parameter=\"5\" "
+              "secondaryParameter=\"2\"/></line>",
+              "#9DB8D9", "below a curve"},
+          Row{"<lineGuide x=\"4\"/>", "#B8C4D6", "below a line"}}) {
+        SCOPED_TRACE(row.why);
+        SampleChart sample(Template("NPARHistogram"));
+        sample.Replace("</graph>", std::string(row.overlay) + "</graph>");
+        sample.Numbers("value", {1, 4, 9}).Numbers("count", {2, 5, 3});
+        const auto chart = sample.Resolve();
+        ASSERT_TRUE(chart);
+        EXPECT_EQ(FindLayer(chart->fPlots[0], MarkKind::Rect)->fStyle.fFill.fColor, row.fill);
+    }
+}
+
+TEST(Bars, ShowTheStartOfAnExponentialCurve)
+{
+    struct Row {
+        std::vector<double> values;
+        bool startsAtZero;
+        const char* why;
+    };
+    for (const Row& row : {Row{{100, 250, 400}, true, "the axis reaches down to 0"},
+                           Row{{0.5, 1, 30}, true, "the bars do so already"},
+                           Row{{10'000, 10'001, 10'002}, false, "nothing would be left of them"}}) {
+        SCOPED_TRACE(row.why);
+        SampleChart sample(Template("NPARHistogram"));
+        sample.Replace("</graph>",
+                       "<line><distributionStatistic distribution=\"exponential\" "
+                       "parameter=\"0.01\"/></line></graph>");
+        sample.Numbers("value", row.values).Numbers("count", {2, 5, 3});
+        const auto chart = sample.Resolve();
+        ASSERT_TRUE(chart);
+        const ResolvedPlot& plot = chart->fPlots[0];
+        EXPECT_EQ(plot.fX.fMin == 0.0, row.startsAtZero);
+        if (!row.startsAtZero) continue;
+        double highest = 0.0;
+        for (const ResolvedMark& point : MarksOf(plot, MarkKind::Line)) {
+            highest = std::max(highest, point.fY);
+        }
+        const ResolvedMark bar = MarksOf(plot, MarkKind::Rect).front();
+        EXPECT_NEAR(highest, 10 * (bar.fX2 - bar.fX) * 0.01, 1e-9) << "all of its height";
+        EXPECT_GE(plot.fY.fMax, highest) << "the axis makes room";
+    }
+}
+
+TEST(Bars, SayWhatIsLeftOutInTheGivenLanguage)
+{
+    std::vector<std::string> types;
+    for (int type = 0; type < 130; ++type) {
+        types.push_back("type " + std::to_string(type));
+    }
+    SampleChart sample(Template("NPARStackedBar"));
+    sample.Texts("categories", std::vector<std::string>(types.size(), "one")).Texts("type", types);
+    sample.Numbers("value", std::vector<double>(types.size(), 1.0));
+    PlotWords words;
+    words.fCutEntries = "^2 Arten, ^1 davon benannt";
+    const auto chart = sample.Resolve(words);
+    ASSERT_TRUE(chart);
+    EXPECT_EQ(chart->fNotes, std::vector<std::string>{"130 Arten, 100 davon benannt"});
+    EXPECT_EQ(chart->fLegends[0].fEntries.size(), 100u);
+}
+
+TEST(Bars, AreCutWithANoteWhereTheyAreTooMany)
+{
+    struct Row {
+        std::size_t rows;
+        std::size_t notes;
+    };
+    for (const Row& row : {Row{5000, 0}, Row{5001, 1}, Row{5300, 1}}) {
+        SCOPED_TRACE(row.rows);
+        std::vector<double> places;
+        for (std::size_t at = 0; at < row.rows; ++at) {
+            places.push_back(static_cast<double>(at));
+        }
+        SampleChart sample(Template("NPARKolmogorovSmirnov"));
+        sample.Numbers("MEANS", places).Numbers("COUNTS", places);
+        sample.Texts("TYPES", std::vector<std::string>(row.rows, "f"));
+        const auto chart = sample.Resolve();
+        ASSERT_TRUE(chart);
+        EXPECT_EQ(CountMarks(chart->fPlots[0], MarkKind::Rect),
+                  std::min<std::size_t>(row.rows, 5000));
+        ASSERT_EQ(chart->fNotes.size(), row.notes);
+        if (row.notes > 0) {
+            EXPECT_EQ(chart->fNotes[0], "The first 5000 marks are drawn; the data have more.");
+        }
+    }
+}
+
+}  // namespace
+}  // namespace refhost::test

@@ -1,0 +1,77 @@
+#pragma once
+
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <vector>
+
+#include "refhost/plot/ResolvedChart.h"
+
+/// Templates as they are shipped, and questions to a resolved plot.
+
+namespace refhost::test {
+
+inline std::string Template(const std::string& name)
+{
+    std::ifstream file(std::string(NONPAR_SOURCE_DIR) + "/refhost/templates/" + name +
+                       ".viztemplate");
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+inline const MarkLayer* FindLayer(const ResolvedPlot& plot, MarkKind kind)
+{
+    for (const MarkLayer& layer : plot.fLayers) {
+        if (layer.fKind == kind) return &layer;
+    }
+    return nullptr;
+}
+
+inline std::size_t CountMarks(const ResolvedPlot& plot, MarkKind kind)
+{
+    std::size_t count = 0;
+    for (const MarkLayer& layer : plot.fLayers) {
+        count += layer.fKind == kind ? layer.fMarks.size() : 0;
+    }
+    return count;
+}
+
+inline std::vector<std::string> Texts(const ResolvedPlot& plot)
+{
+    std::vector<std::string> texts;
+    for (const MarkLayer& layer : plot.fLayers) {
+        for (const ResolvedMark& mark : layer.fMarks) {
+            if (layer.fKind == MarkKind::Text) texts.push_back(mark.fText);
+        }
+    }
+    return texts;
+}
+
+/// All marks of a kind, in drawing order.
+inline std::vector<ResolvedMark> MarksOf(const ResolvedPlot& plot, MarkKind kind)
+{
+    std::vector<ResolvedMark> marks;
+    for (const MarkLayer& layer : plot.fLayers) {
+        if (layer.fKind != kind) continue;
+        marks.insert(marks.end(), layer.fMarks.begin(), layer.fMarks.end());
+    }
+    return marks;
+}
+
+inline const ResolvedAxis* FindAxis(const ResolvedPlot& plot, AxisSide side)
+{
+    for (const ResolvedAxis& axis : plot.fAxes) {
+        if (axis.fSide == side) return &axis;
+    }
+    return nullptr;
+}
+
+inline std::vector<std::string> TickTexts(const ResolvedAxis& axis)
+{
+    std::vector<std::string> texts;
+    for (const AxisTick& tick : axis.fTicks) {
+        texts.push_back(tick.fLabel);
+    }
+    return texts;
+}
+
+}  // namespace refhost::test
