@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 #include <utility>
 
 #include "refhost/plot/Palette.h"
@@ -141,8 +142,9 @@ FrameSize ContentOf(const ChartContext& context, const std::vector<PlacedGuide>&
 }
 
 /// A frame within the data area keeps clear of its edges; one that is tied to the right edge only
-/// moves out of the area rather than cover marks.
-FrameBox Eased(const tree::LabelFrame& frame, FrameBox box, const FrameBox& area)
+/// moves out of the area rather than cover marks, to the end of the line where there is just one.
+FrameBox Eased(const tree::LabelFrame& frame, FrameBox box, const FrameBox& area,
+               const std::optional<double>& lineEnd)
 {
     const auto isTied = [&frame](ENUM_part part) {
         return std::any_of(frame.fLocations.begin(), frame.fLocations.end(),
@@ -159,10 +161,20 @@ FrameBox Eased(const tree::LabelFrame& frame, FrameBox box, const FrameBox& area
         if (isTied(ENUM_part::Right)) box.fLeft = box.fRight - kInset - width;
     } else if (isTied(ENUM_part::Right) && box.fTop > area.fTop && box.fLeft < area.fRight) {
         box.fLeft = area.fRight + kEndGap;
+        if (lineEnd) box.fTop = area.fTop + *lineEnd - height / 2;
     }
     box.fRight = box.fLeft + width;
     box.fBottom = box.fTop + height;
     return box;
+}
+
+/// Where the only line ends at the right edge of the plot, in pixels from its top.
+std::optional<double> LineEnd(const std::vector<PlacedGuide>& guides, const ResolvedPlot& plot)
+{
+    if (guides.size() != 1 || guides.front().fGuide->fDimension != tree::Dimension::Y) {
+        return std::nullopt;
+    }
+    return PixelAt(plot.fY, plot.fHeight, /*downwards=*/true, guides.front().fPlace);
 }
 
 }  // namespace
@@ -219,7 +231,8 @@ void AddLabelFrames(const ChartContext& context, const std::vector<PlacedGuide>&
     for (const tree::LabelFrame& frame : context.fTree.fLabelFrames) {
         if (frame.Shown().empty()) continue;
         const FrameSize content = ContentOf(context, guides, frame);
-        const FrameBox box = Eased(frame, places.Place(frame, content), area);
+        const FrameBox box =
+            Eased(frame, places.Place(frame, content), area, LineEnd(guides, plot));
         double y = box.fTop - area.fTop;
         const double x = box.fLeft - area.fLeft;
         for (const tree::Label& label : frame.fLabels) {
@@ -234,6 +247,7 @@ void AddLabelFrames(const ChartContext& context, const std::vector<PlacedGuide>&
                 style.fBold = true;
             }
             style.fFontSize = kFontSize;
+            style.fHalo = !isOutside && !guides.empty();
             plot.fLayers.push_back(TextLayer(style, guide ? x + kSample + kSampleGap : x, y, text));
             y += kLine * static_cast<double>(TextLines(text).size());
         }
