@@ -170,6 +170,13 @@ TEST(HostNumberText, ConvertsDatesByTheirType)
     }
 }
 
+TEST(HostNumber, TellsNoNumberBeyondAllNumbers)
+{
+    EXPECT_EQ(HostNumber(1e304, 20), MissingValue) << "seconds of so many days are not finite";
+    EXPECT_EQ(HostNumber(1e304, 5), 1e304);
+    EXPECT_EQ(HostNumber(MissingValue, 22), MissingValue);
+}
+
 TEST(WithoutBlanks, TakesBlanksFromTheEndsOnly)
 {
     EXPECT_EQ(WithoutBlanks("  a b  "), "a b");

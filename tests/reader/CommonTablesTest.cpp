@@ -189,7 +189,8 @@ TEST(FinishTest, CarriesTheFlagsOverTestsWithoutTheirTables)
         KolmogorovSmirnov({{fromSample, bound},
                            {},
                            {Condition("", {}, {Attribute("isUseSample", "True")})},
-                           {StructuredTable("StatisticsResult")}});
+                           {StructuredTable("StatisticsResult"), fromSample},
+                           {Condition("", {})}});
     EXPECT_TRUE(TestAt(reading, 0).fIsUseSample);
     EXPECT_TRUE(TestAt(reading, 0).fHasLowerBoundSig);
     EXPECT_TRUE(TestAt(reading, 1).fIsUseSample) << "only a condition clears it";
@@ -197,6 +198,8 @@ TEST(FinishTest, CarriesTheFlagsOverTestsWithoutTheirTables)
     EXPECT_FALSE(TestAt(reading, 2).fIsUseSample) << "case counts";
     EXPECT_TRUE(TestAt(reading, 2).fHasLowerBoundSig);
     EXPECT_FALSE(TestAt(reading, 3).fHasLowerBoundSig) << "statistics clear it";
+    EXPECT_TRUE(TestAt(reading, 3).fIsUseSample);
+    EXPECT_FALSE(TestAt(reading, 4).fIsUseSample) << "a condition without the word clears it";
 }
 
 TEST(ReadStatistics, AppendsWhenItIsReadTwice)

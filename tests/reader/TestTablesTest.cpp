@@ -294,6 +294,7 @@ TEST(ReadPostHoc, TellsTheComparisonByTheTableInside)
     // clang-format off
     const Row rows[] = {
         {StructuredTable("PairwiseResult", {Numbers("PairwiseInfo")}), comparison::kPairwise, -1, "pairs"},
+        {StructuredTable("PairwiseResult", {Numbers("PairwiseInfo"), Numbers("Content")}), comparison::kPairwise, -1, "the content behind it tells nothing"},
         {StructuredTable("PairwiseResult", {Numbers("StepwiseInfo")}), comparison::kStepwise, -1, "not by its own name"},
         {StructuredTable("StepwiseResult", {Numbers("Content"), Numbers("PairwiseInfo"), Numbers("Info")}), comparison::kPairwise, -1, "in any order"},
         {StructuredTable("PairwiseResult", {Numbers("Content")}), comparison::kNone, -1, "no info"},
