@@ -28,7 +28,11 @@ void NoteCutMarks(ChartContext& context)
 
 void Summarize(ChartContext& context, const Panel& panel, std::vector<std::string> cells)
 {
-    if (context.fSummary.fRows.size() >= kMostSummaryRows) return;
+    if (context.fSummary.fRows.size() >= kMostSummaryRows) {
+        AddNote(context.fNotes,
+                FillSentence(context.fWords.fCutRows, {std::to_string(kMostSummaryRows)}));
+        return;
+    }
     cells.insert(cells.begin(), panel.fName.begin(), panel.fName.end());
     context.fSummary.fRows.push_back(std::move(cells));
 }

@@ -75,7 +75,7 @@ std::optional<std::size_t> FindNode(const std::vector<Node>& nodes, const std::s
     return static_cast<std::size_t>(found - nodes.begin());
 }
 
-std::vector<Edge> ReadEdges(const ChartContext& context, const tree::Element& element,
+std::vector<Edge> ReadEdges(ChartContext& context, const tree::Element& element,
                             const std::vector<Node>& nodes)
 {
     std::vector<Edge> edges;
@@ -84,10 +84,14 @@ std::vector<Edge> ReadEdges(const ChartContext& context, const tree::Element& el
     const DataVariable* weight =
         context.fGraph.fLayout ? context.fData.Find(context.fGraph.fLayout->fWeight) : nullptr;
     if (!from || !to) return edges;
-    for (std::size_t row = 0; row < from->Rows() && edges.size() < kMostMarks; ++row) {
+    for (std::size_t row = 0; row < from->Rows(); ++row) {
         const auto first = FindNode(nodes, from->Key(row));
         const auto second = FindNode(nodes, to->Key(row));
         if (!first || !second || *first == *second) continue;
+        if (edges.size() == kMostMarks) {
+            NoteCutMarks(context);
+            break;
+        }
         const double heavy = weight ? weight->Number(row).value_or(1.0) : 1.0;
         edges.push_back({{*first, *second, heavy}, row});
     }

@@ -23,6 +23,7 @@ struct PlotWords {
     std::string_view fCutNodes = "The first ^1 of ^2 nodes are drawn.";
     std::string_view fCutEntries = "The legend names the first ^1 of ^2 entries.";
     std::string_view fCutMarks = "The first ^1 marks are drawn; the data have more.";
+    std::string_view fCutRows = "The table of the data holds the first ^1 rows.";
     std::string_view fFarLine = "A line at ^1 lies far beyond the data and is not drawn.";
 };
 

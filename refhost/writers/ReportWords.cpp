@@ -57,6 +57,8 @@ constexpr WordRow kWords[] = {
                        "Die Legende nennt die ersten ^1 von ^2 Einträgen."},
     {"cut-marks",      "The first ^1 marks are drawn; the data have more.",
                        "Gezeichnet sind die ersten ^1 Elemente; die Daten haben mehr."},
+    {"cut-rows",       "The table of the data holds the first ^1 rows.",
+                       "Die Datentabelle enthält die ersten ^1 Zeilen."},
     {"far-line",       "A line at ^1 lies far beyond the data and is not drawn.",
                        "Eine Linie bei ^1 liegt weit außerhalb der Daten und ist nicht gezeichnet."},
     {"licences",    "Licences of the drawing libraries in this page",
@@ -81,7 +83,8 @@ PlotWords WordsOfPlots(std::string_view language)
             ReportWord(language, "lower-whisker"),  ReportWord(language, "outliers"),
             ReportWord(language, "cut-categories"), ReportWord(language, "cut-groups"),
             ReportWord(language, "cut-nodes"),      ReportWord(language, "cut-entries"),
-            ReportWord(language, "cut-marks"),      ReportWord(language, "far-line")};
+            ReportWord(language, "cut-marks"),      ReportWord(language, "cut-rows"),
+            ReportWord(language, "far-line")};
 }
 
 std::string ReportSentence(std::string_view language, std::string_view key,

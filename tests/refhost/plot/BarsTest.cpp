@@ -153,7 +153,7 @@ TEST(Bars, AreCutWithANoteWhereTheyAreTooMany)
         std::size_t rows;
         std::size_t notes;
     };
-    for (const Row& row : {Row{5000, 0}, Row{5001, 1}, Row{5300, 1}}) {
+    for (const Row& row : {Row{1000, 0}, Row{1001, 1}, Row{5000, 1}, Row{5001, 2}, Row{5300, 2}}) {
         SCOPED_TRACE(row.rows);
         std::vector<double> places;
         for (std::size_t at = 0; at < row.rows; ++at) {
@@ -167,9 +167,12 @@ TEST(Bars, AreCutWithANoteWhereTheyAreTooMany)
         EXPECT_EQ(CountMarks(chart->fPlots[0], MarkKind::Rect),
                   std::min<std::size_t>(row.rows, 5000));
         ASSERT_EQ(chart->fNotes.size(), row.notes);
-        if (row.notes > 0) {
-            EXPECT_EQ(chart->fNotes[0], "The first 5000 marks are drawn; the data have more.");
+        for (const std::string& note : chart->fNotes) {
+            EXPECT_TRUE(note == "The first 5000 marks are drawn; the data have more." ||
+                        note == "The table of the data holds the first 1000 rows.")
+                << note;
         }
+        EXPECT_EQ(chart->fData.fRows.size(), std::min<std::size_t>(row.rows, 1000));
     }
 }
 
