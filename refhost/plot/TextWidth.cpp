@@ -94,8 +94,8 @@ std::vector<std::string> WrapText(std::string_view text, double fontSize, double
             }
         }
     }
-    const bool isCut = lines.size() > mostLines;
-    if (isCut) {
+    const bool isCut = lines.size() > mostLines + 1;
+    if (lines.size() > mostLines) {
         lines[mostLines - 1].append(" ").append(lines[mostLines]);
         lines.resize(mostLines);
     }

@@ -120,6 +120,9 @@ TEST(Bars, ShowTheStartOfAnExponentialCurve)
         const ResolvedPlot& plot = chart->fPlots[0];
         EXPECT_EQ(plot.fX.fMin == 0.0, row.startsAtZero);
         if (!row.startsAtZero) continue;
+        const ResolvedMark first = MarksOf(plot, MarkKind::Line).front();
+        EXPECT_EQ(first.fX, 0.0);
+        EXPECT_EQ(first.fY, 0.0) << "it rises from the axis";
         double highest = 0.0;
         for (const ResolvedMark& point : MarksOf(plot, MarkKind::Line)) {
             highest = std::max(highest, point.fY);

@@ -122,6 +122,7 @@ TEST(Boxes, AreDescribedByTheWordsOfTheLanguage)
 {
     PlotWords words;
     words.fThirdQuartile = "Drittes Quartil";
+    words.fMedian = "Zentralwert";
     words.fOutliers = "Ausreisser";
     SampleChart sample = BoxesWithLines({});
     sample.Replace("yAxisText", "").Replace("xAxisText", "");
@@ -129,11 +130,17 @@ TEST(Boxes, AreDescribedByTheWordsOfTheLanguage)
     const auto chart = sample.Resolve(words);
     ASSERT_TRUE(chart);
     const ResolvedMark box = MarksOf(chart->fPlots[0], MarkKind::Rect).front();
-    EXPECT_EQ(box.fPopup,
-              "Group = a\nUpper whisker = 8\nDrittes Quartil = 8\nMedian = 6\nFirst quartile = 4\n"
-              "Lower whisker = 2");
+    EXPECT_EQ(
+        box.fPopup,
+        "Group = a\nUpper whisker = 8\nDrittes Quartil = 8\nZentralwert = 6\nFirst quartile = 4\n"
+        "Lower whisker = 2");
+    bool isMedianTold = false;
+    for (const ResolvedMark& rule : MarksOf(chart->fPlots[0], MarkKind::Rule)) {
+        isMedianTold |= rule.fPopup == "Group = a\nZentralwert = 6";
+    }
+    EXPECT_TRUE(isMedianTold);
     EXPECT_EQ(chart->fData.fColumns,
-              (std::vector<std::string>{"Group", "Upper whisker", "Drittes Quartil", "Median",
+              (std::vector<std::string>{"Group", "Upper whisker", "Drittes Quartil", "Zentralwert",
                                         "First quartile", "Lower whisker", "Ausreisser"}));
     EXPECT_EQ(chart->fData.fRows.front(),
               (std::vector<std::string>{"a", "8", "8", "6", "4", "2", "20"}));

@@ -67,6 +67,8 @@ TEST(WrapText, BreaksAtBlanksAndBehindCommas)
              Row{"", ten, 2, {""}, "nothing"},
              Row{"aaaa bbbb cccc", ten, 2, {"aaaa bbbb", "cccc"}, "at a blank"},
              Row{"aaaaaa,bbbbbb", ten, 2, {"aaaaaa,", "bbbbbb"}, "behind a comma"},
+             Row{"a\nb", ten, 1, {"a b"}, "lines that fit on one"},
+             Row{"a\nb\nc", ten, 1, {"a b\xE2\x80\xA6"}, "lines too many"},
              Row{"aaaa\nbbbb", ten, 2, {"aaaa", "bbbb"}, "its own line feed"},
              Row{"aaaaaaaaaaaaaa", ten, 2, {"aaaaaaaaa\xE2\x80\xA6"}, "a word too wide"},
              Row{"aaaaaaaaa bbbbbbbbb cc", ten, 1, {"aaaaaaaaa\xE2\x80\xA6"}, "too many lines"},
@@ -151,9 +153,12 @@ TEST(Panels, NameTheDiagonalByBareNumbersFromFiveCategoriesOn)
         std::size_t categories;
         const char* caption;
     };
-    for (const Row& row : {Row{2, "Observed Frequency\n 120"}, Row{5, "120"}, Row{8, "120"}}) {
+    for (const Row& row : {Row{2, "n\n 120"}, Row{5, "120"}, Row{8, "120"}}) {
         SCOPED_TRACE(row.categories);
-        const auto chart = CrossTable(std::vector<std::string>(row.categories, "c")).Resolve();
+        const std::vector<std::string> names(row.categories, "a category of a long name");
+        SampleChart sample = CrossTable(names);
+        sample.Set("celltext").fPrefix = "n\n ";  // would fit everywhere
+        const auto chart = sample.Resolve();
         ASSERT_TRUE(chart);
         ASSERT_EQ(chart->fPlots.size(), row.categories * row.categories);
         EXPECT_EQ(Texts(chart->fPlots[0]), std::vector<std::string>{row.caption});
