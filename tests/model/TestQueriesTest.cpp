@@ -7,8 +7,6 @@
 
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
 using Stats = NOPROutputStats;
 using Lists = std::vector<std::vector<double>>;
 

@@ -6,7 +6,6 @@
 
 namespace {
 
-using testing::ElementsAre;
 using testing::IsEmpty;
 using Stats = NOPROutputStats;
 
