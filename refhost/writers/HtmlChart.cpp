@@ -34,12 +34,17 @@ std::string Pixels(double side)
     return std::to_string(static_cast<int>(std::ceil(bounded)));
 }
 
+/// A grid of so many pixels can't be read on paper at the height of a single plot.
+constexpr double kTallPicture = 420;
+
 /// Room for the picture; until it is drawn, and without script, the description stands there.
 void AppendPicture(std::string& out, const ResolvedChart& picture, std::string_view description)
 {
     const std::string width = Pixels(picture.fWidth);
     const std::string height = Pixels(picture.fHeight);
-    out.append("<div class=\"picture waiting\"><svg width=\"").append(width);
+    out += picture.fHeight > kTallPicture ? R"(<div class="picture tall waiting">)"
+                                          : R"(<div class="picture waiting">)";
+    out.append("<svg width=\"").append(width);
     out.append("\" height=\"").append(height).append("\" viewBox=\"0 0 ").append(width) += ' ';
     out.append(height).append("\" aria-hidden=\"true\"></svg>");
     AppendParagraph(out, "stand-in", description);
