@@ -12,12 +12,7 @@
 
 namespace {
 
-constexpr char kCellText[] = "CellText";
-constexpr char kColumn[] = "Column";
-constexpr char kRow[] = "Row";
-constexpr char kCategory[] = "Category";
-constexpr char kCellValue[] = "CellValue";
-constexpr char kObservedTooltip[] = "ObservedTooltip";
+using namespace facet;
 
 /// The popup names one token only, so the mapping of the second goes.
 void EraseSecondTokenMapping(std::string& text)
@@ -53,19 +48,15 @@ void BindField(XGraph& graph, const char* name, const FieldInfoData* field)
 }  // namespace
 
 struct MarginalHomogeneity::State {
-    const NOPROutputStats* fStats;
-    const NOPROutputStats::CategoryComparison* fComparison;
-    const FacSTDictionary* fDictionary;
+    FacetSource fSource;
 
-    void EditTemplate(std::string& text, const ChartString& title, const FacetFields& fields) const;
-    void BindVariables(XGraph& graph, const ChartString& title, const std::string& splitText,
-                       const FacetFields& fields) const;
+    void EditTemplate(std::string& text) const;
 };
 
 MarginalHomogeneity::MarginalHomogeneity(const NOPROutputStats* stats,
                                          const NOPROutputStats::CategoryComparison* comparison,
                                          const FacSTDictionary* dictionary)
-    : fState(std::make_unique<State>(State{stats, comparison, dictionary}))
+    : fState(std::make_unique<State>(State{{stats, comparison, dictionary}}))
 {
 }
 
@@ -73,19 +64,19 @@ MarginalHomogeneity::~MarginalHomogeneity() = default;
 
 int MarginalHomogeneity::FillChartData(VarDataProcessor& processor) const
 {
-    processor.AddDataSource(kFacetSource, 0);
+    processor.AddDataSource(kSource, 0);
     for (const char* variable : {kCellText, kColumn, kRow, kCategory, kCellValue, kObservedTooltip})
-        processor.AddVariable(kFacetSource, variable, nullptr);
+        processor.AddVariable(kSource, variable, nullptr);
     int row = 0;
-    const auto& rows = fState->fComparison->fTable.fRows;
+    const auto& rows = fState->fSource.fComparison->fTable.fRows;
     for (std::size_t i = 0; i < rows.size(); ++i) {
         for (std::size_t j = 0; j < rows[i].size(); ++j, ++row) {
             const double count = rows[i][j];
-            processor.SetVariableValue(kFacetSource, kRow, row, static_cast<double>(i));
-            processor.SetVariableValue(kFacetSource, kColumn, row, static_cast<double>(j));
-            processor.SetVariableValue(kFacetSource, kCategory, row, 0);
-            processor.SetVariableValue(kFacetSource, i == j ? kCellText : kCellValue, row, count);
-            processor.SetVariableValue(kFacetSource, kObservedTooltip, row, count);
+            processor.SetVariableValue(kSource, kRow, row, static_cast<double>(i));
+            processor.SetVariableValue(kSource, kColumn, row, static_cast<double>(j));
+            processor.SetVariableValue(kSource, kCategory, row, 0);
+            processor.SetVariableValue(kSource, i == j ? kCellText : kCellValue, row, count);
+            processor.SetVariableValue(kSource, kObservedTooltip, row, count);
         }
     }
     return row;
@@ -94,50 +85,25 @@ int MarginalHomogeneity::FillChartData(VarDataProcessor& processor) const
 bool MarginalHomogeneity::Render(const std::string& splitText, bool appendSplit)
 try {
     const State& state = *fState;
-    if (!state.fStats || !state.fComparison) return false;
-
+    if (!state.fSource.IsComplete()) return false;
     VarDataProcessor processor;
     if (FillChartData(processor) == 0) return false;
 
-    std::string text = XDocument::fetchTemplateFile(kFacetTemplate);
-    if (text.empty()) return false;
-    const ChartString title =
-        LookUpText(state.fDictionary, "Related-Samples Marginal Homogeneity Test");
-    const FacetFields fields = FieldsOf(state.fStats, *state.fComparison);
-    state.EditTemplate(text, title, fields);
-
-    XDocument document(text);
-    PrepareDocument(document);
-    document.SetChartData(&processor);
-    state.BindVariables(document.getExternalGraph(), title, splitText, fields);
-
-    const ChartString description = Description(title, splitText, appendSplit);
-    document.SetDescription(description.xc_str());
-    document.applyCTemplate(false);
-    return Send(document);
+    const FacetRecipe recipe = {"Related-Samples Marginal Homogeneity Test",
+                                [&state](std::string& text) { state.EditTemplate(text); },
+                                [](XGraph& graph, const FacetFields& fields) {
+                                    BindField(graph, kRow, fields.fRow);
+                                    BindField(graph, kColumn, fields.fColumn);
+                                }};
+    return DrawFacets(state.fSource, recipe, processor, splitText, appendSplit);
 } catch (...) {
     return false;
 }
 
-void MarginalHomogeneity::State::EditTemplate(std::string& text, const ChartString& title,
-                                              const FacetFields& fields) const
+void MarginalHomogeneity::State::EditTemplate(std::string& text) const
 {
-    NameFacets(text, title, fields);
-    ReplaceToken(text, "tooltipText", LookUpText(fDictionary, "Observed").toUTF8() + "=$[0]$");
+    ReplaceToken(text, "tooltipText",
+                 LookUpText(fSource.fDictionary, "Observed").toUTF8() + "=$[0]$");
     EraseElement(text, "<legend", "</legend>");
     EraseSecondTokenMapping(text);
-}
-
-/// A failure here loses the settings that follow, not the chart.
-void MarginalHomogeneity::State::BindVariables(XGraph& graph, const ChartString& title,
-                                               const std::string& splitText,
-                                               const FacetFields& fields) const
-try {
-    XVariable cellText = graph.getVariable("celltext", 0);
-    cellText.SetFormatPrefix(CellPrefix(fDictionary).xc_str());
-    SetTitles(graph, title, splitText);
-    BindField(graph, "Row", fields.fRow);
-    BindField(graph, "Column", fields.fColumn);
-} catch (...) {
-    return;
 }

@@ -13,12 +13,8 @@
 
 namespace {
 
-constexpr char kCellText[] = "CellText";
-constexpr char kColumn[] = "Column";
-constexpr char kRow[] = "Row";
-constexpr char kCategory[] = "Category";
-constexpr char kCellValue[] = "CellValue";
-constexpr char kObservedTooltip[] = "ObservedTooltip";
+using namespace facet;
+
 constexpr char kHypothesizedTooltip[] = "HypothesizedTooltip";
 
 constexpr int kObserved = 0;
@@ -27,21 +23,18 @@ constexpr int kHypothesized = 1;
 }  // namespace
 
 struct RSMcNemarChangeTestView::State {
-    const NOPROutputStats* fStats;
-    const NOPROutputStats::CategoryComparison* fComparison;
-    const FacSTDictionary* fDictionary;
+    FacetSource fSource;
     int fRowCount = 0;
 
-    void EditTemplate(std::string& text, const ChartString& title, const FacetFields& fields) const;
-    void BindVariables(XGraph& graph, const ChartString& title, const std::string& splitText,
-                       const FacetFields& fields) const;
+    void EditTemplate(std::string& text) const;
+    void BindVariables(XGraph& graph, const FacetFields& fields) const;
     void BindFields(XGraph& graph, const FacetFields& fields) const;
 };
 
 RSMcNemarChangeTestView::RSMcNemarChangeTestView(
     const NOPROutputStats* stats, const NOPROutputStats::CategoryComparison* comparison,
     const FacSTDictionary* dictionary)
-    : fState(std::make_unique<State>(State{stats, comparison, dictionary}))
+    : fState(std::make_unique<State>(State{{stats, comparison, dictionary}}))
 {
 }
 
@@ -49,11 +42,11 @@ RSMcNemarChangeTestView::~RSMcNemarChangeTestView() = default;
 
 int RSMcNemarChangeTestView::FillChartData(VarDataProcessor& processor)
 {
-    processor.AddDataSource(kFacetSource, 0);
+    processor.AddDataSource(kSource, 0);
     for (const char* variable :
          {kCellText, kColumn, kRow, kCategory, kCellValue, kObservedTooltip, kHypothesizedTooltip})
-        processor.AddVariable(kFacetSource, variable, nullptr);
-    const auto& rows = fState->fComparison->fTable.fRows;
+        processor.AddVariable(kSource, variable, nullptr);
+    const auto& rows = fState->fSource.fComparison->fTable.fRows;
     for (std::size_t i = 0; i < rows.size(); ++i) {
         for (std::size_t j = 0; j < rows[i].size(); ++j) {
             const std::vector<double> values = CellValues(i, j);
@@ -66,7 +59,7 @@ int RSMcNemarChangeTestView::FillChartData(VarDataProcessor& processor)
 
 std::vector<double> RSMcNemarChangeTestView::CellValues(std::size_t i, std::size_t j) const
 {
-    const auto& rows = fState->fComparison->fTable.fRows;
+    const auto& rows = fState->fSource.fComparison->fTable.fRows;
     const double observed = rows[i][j];
     if (i == j || j >= rows.size() || i >= rows[j].size()) return {observed};
     return {observed, (observed + rows[j][i]) * 0.5};
@@ -80,75 +73,55 @@ void RSMcNemarChangeTestView::WriteCellRow(VarDataProcessor& processor, std::siz
     const double observed = values.empty() ? 0.0 : values[0];
     const double hypothesized = values.size() < 2 ? 0.0 : values[1];
     const bool onDiagonal = i == j;
-    processor.SetVariableValue(kFacetSource, kRow, row, static_cast<double>(i));
-    processor.SetVariableValue(kFacetSource, kColumn, row, static_cast<double>(j));
-    processor.SetVariableValue(kFacetSource, kCategory, row, category);
+    processor.SetVariableValue(kSource, kRow, row, static_cast<double>(i));
+    processor.SetVariableValue(kSource, kColumn, row, static_cast<double>(j));
+    processor.SetVariableValue(kSource, kCategory, row, category);
     if (onDiagonal) {
-        processor.SetStringVariableValue(kFacetSource, kCellValue, row, "");
-        processor.SetVariableValue(kFacetSource, kCellText, row, observed);
+        processor.SetStringVariableValue(kSource, kCellValue, row, "");
+        processor.SetVariableValue(kSource, kCellText, row, observed);
     } else {
-        processor.SetVariableValue(kFacetSource, kCellValue, row,
+        processor.SetVariableValue(kSource, kCellValue, row,
                                    category == kObserved ? observed : hypothesized);
-        processor.SetStringVariableValue(kFacetSource, kCellText, row, "");
+        processor.SetStringVariableValue(kSource, kCellText, row, "");
     }
-    processor.SetVariableValue(kFacetSource, kObservedTooltip, row, observed);
-    processor.SetVariableValue(kFacetSource, kHypothesizedTooltip, row, hypothesized);
+    processor.SetVariableValue(kSource, kObservedTooltip, row, observed);
+    processor.SetVariableValue(kSource, kHypothesizedTooltip, row, hypothesized);
 }
 
 bool RSMcNemarChangeTestView::Render(const std::string& splitText, bool appendSplit)
 try {
     const State& state = *fState;
-    if (!state.fStats || !state.fComparison) return false;
-
+    if (!state.fSource.IsComplete()) return false;
     VarDataProcessor processor;
     if (FillChartData(processor) == 0) return false;
 
-    std::string text = XDocument::fetchTemplateFile(kFacetTemplate);
-    if (text.empty()) return false;
-    const ChartString title = LookUpText(state.fDictionary, "Related-Samples McNemar Change Test");
-    const FacetFields fields = FieldsOf(state.fStats, *state.fComparison);
-    state.EditTemplate(text, title, fields);
-
-    XDocument document(text);
-    PrepareDocument(document);
-    document.SetChartData(&processor);
-    state.BindVariables(document.getExternalGraph(), title, splitText, fields);
-
-    const ChartString description = Description(title, splitText, appendSplit);
-    document.SetDescription(description.xc_str());
-    document.applyCTemplate(false);
-    return Send(document);
+    const FacetRecipe recipe = {
+        "Related-Samples McNemar Change Test",
+        [&state](std::string& text) { state.EditTemplate(text); },
+        [&state](XGraph& graph, const FacetFields& fields) { state.BindVariables(graph, fields); }};
+    return DrawFacets(state.fSource, recipe, processor, splitText, appendSplit);
 } catch (...) {
     return false;
 }
 
-void RSMcNemarChangeTestView::State::EditTemplate(std::string& text, const ChartString& title,
-                                                  const FacetFields& fields) const
+void RSMcNemarChangeTestView::State::EditTemplate(std::string& text) const
 {
-    NameFacets(text, title, fields);
-    ChartString tooltip = LookUpText(fDictionary, "Observed");
+    ChartString tooltip = LookUpText(fSource.fDictionary, "Observed");
     tooltip.append("=$[0]$ &#10;");
-    tooltip.append(LookUpText(fDictionary, "Hypothesized"));
+    tooltip.append(LookUpText(fSource.fDictionary, "Hypothesized"));
     tooltip.append("=$[1]$");
     ReplaceToken(text, "tooltipText", tooltip.toUTF8());
     if (!XDocument::useColorsOnly()) ReplaceToken(text, "<color", "<pattern");
 }
 
-/// A failure here loses the settings that follow, not the chart.
-void RSMcNemarChangeTestView::State::BindVariables(XGraph& graph, const ChartString& title,
-                                                   const std::string& splitText,
-                                                   const FacetFields& fields) const
-try {
-    XVariable cellText = graph.getVariable("celltext", 0);
-    cellText.SetFormatPrefix(CellPrefix(fDictionary).xc_str());
-    SetTitles(graph, title, splitText);
+void RSMcNemarChangeTestView::State::BindVariables(XGraph& graph, const FacetFields& fields) const
+{
     BindFields(graph, fields);
+    const FacSTDictionary* dictionary = fSource.fDictionary;
     XVariable category = graph.getVariable("category", 0);
-    category.setLabel(LookUpText(fDictionary, "E62935").xc_str());
-    category.addRelabel(kObserved, LookUpText(fDictionary, "Observed").xc_str());
-    category.addRelabel(kHypothesized, LookUpText(fDictionary, "Hypothesized").xc_str());
-} catch (...) {
-    return;
+    category.setLabel(LookUpText(dictionary, "E62935").xc_str());
+    category.addRelabel(kObserved, LookUpText(dictionary, "Observed").xc_str());
+    category.addRelabel(kHypothesized, LookUpText(dictionary, "Hypothesized").xc_str());
 }
 
 /// The columns take texts only: the template's own variable keeps its format.
@@ -156,13 +129,13 @@ void RSMcNemarChangeTestView::State::BindFields(XGraph& graph, const FacetFields
 {
     const QORT_Variable* rowVariable = VariableOf(fields.fRow);
     if (!rowVariable || !VariableOf(fields.fColumn)) return;
-    const NOPROutputStats::CategoryComparison& comparison = *fComparison;
-    XVariable row = graph.getVariable("Row", 0);
+    const NOPROutputStats::CategoryComparison& comparison = *fSource.fComparison;
+    XVariable row = graph.getVariable(kRow, 0);
     BindVariable(row, rowVariable);
     if (!comparison.fRowSuccessList.empty() && !comparison.fRowFailList.empty())
         RelabelCategories(row, fields.fRow, comparison.fRowSuccessList, comparison.fRowFailList,
                           comparison.fRowValsNotInCategories);
-    XVariable column = graph.getVariable("Column", 0);
+    XVariable column = graph.getVariable(kColumn, 0);
     if (!comparison.fColumnSuccessList.empty() && !comparison.fColumnFailList.empty())
         RelabelCategories(column, fields.fColumn, comparison.fColumnSuccessList,
                           comparison.fColumnFailList, comparison.fColumnValsNotInCategories);
