@@ -1,31 +1,17 @@
 #include "support/ViewRecorder.h"
 
+#include "support/CollectedOutput.h"
+
 #include <fstream>
 
 #include <fmt/format.h>
 #include <gtest/gtest.h>
 
 #include "refhost/data/VariableData.h"
-#include "refhost/document/HostRun.h"
-#include "refhost/document/OutputBuilder.h"
-#include "refhost/document/OutputSink.h"
 
 #include "host/framework/CFMetaData.h"
 
 namespace {
-
-class ChartList : public refhost::OutputSink {
-public:
-    void Begin(const refhost::RunStart&) override {}
-    void Node(refhost::OutputNodePtr node) override
-    {
-        if (auto* chart = std::get_if<refhost::ChartNode>(&node->fContent))
-            fCharts.push_back(std::move(*chart));
-    }
-    void End(const refhost::RunEnd&) override {}
-
-    std::vector<refhost::ChartNode> fCharts;
-};
 
 void Write(const std::filesystem::path& path, const std::string& text)
 {
@@ -132,16 +118,16 @@ void ViewRecorder::SetWords(const std::vector<std::pair<std::string, std::string
 
 std::optional<refhost::ChartNode> ViewRecorder::Draw(const std::function<void()>& draw)
 {
-    ChartList charts;
-    refhost::OutputBuilder builder(charts);
+    NodeList nodes;
+    refhost::OutputBuilder builder(nodes);
     refhost::HostRun run;
     run.fOutput = &builder;
     run.fTemplateFolder = fFolder.string();
     const refhost::HostRun::Scope scope(run);
     draw();
-    EXPECT_LE(charts.fCharts.size(), 1u) << "a view sends one chart";
-    if (charts.fCharts.empty()) return std::nullopt;
-    return std::move(charts.fCharts.front());
+    EXPECT_LE(nodes.fNodes.size(), 1u) << "a view sends one chart";
+    if (nodes.fNodes.empty()) return std::nullopt;
+    return std::get<refhost::ChartNode>(std::move(nodes.fNodes.front()->fContent));
 }
 
 std::vector<std::string> CallLines(const refhost::ChartNode& chart)
