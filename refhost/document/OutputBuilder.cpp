@@ -1,38 +1,43 @@
 #include "refhost/document/OutputBuilder.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace refhost {
 
-HeadingNode* OutputBuilder::OpenHeading(TextRef label)
+template <class Step>
+void OutputBuilder::Guard(Step step) noexcept
 {
-    HeadingNode heading;
-    heading.fLabel = std::move(label);
-    auto node = std::make_unique<OutputNode>();
-    node->fContent = std::move(heading);
-    fOpen.push_back(std::move(node));
-    return std::get_if<HeadingNode>(&fOpen.back()->fContent);
+    if (fFailure) return;
+    try {
+        step();
+    } catch (...) {
+        Fail(std::current_exception());
+    }
 }
 
-void OutputBuilder::CloseHeading(const HeadingNode* heading)
+HeadingNumber OutputBuilder::OpenHeading(TextRef label) noexcept
 {
-    std::size_t place = fOpen.size();
-    while (place > 0 && std::get_if<HeadingNode>(&fOpen[place - 1]->fContent) != heading)
-        --place;
-    if (place == 0) return;
-    while (fOpen.size() >= place) {
-        OutputNodePtr closed = std::move(fOpen.back());
+    ++fLast;
+    Guard([&] {
+        fOpen.push_back(fLast);
+        fSink.OpenHeading(std::move(label));
+    });
+    return fLast;
+}
+
+void OutputBuilder::CloseHeading(HeadingNumber heading) noexcept
+{
+    const auto place = std::find(fOpen.begin(), fOpen.end(), heading);
+    for (auto open = fOpen.end() - place; open > 0; --open) {
         fOpen.pop_back();
-        Add(std::move(closed));
+        Guard([this] { fSink.CloseHeading(); });
     }
 }
 
 void OutputBuilder::Add(OutputNodePtr node) noexcept
 {
-    if (fFailure) return;
-    try {
-        Place(std::move(node));
-    } catch (...) {
-        Fail(std::current_exception());
-    }
+    Guard([&] { fSink.Node(std::move(node)); });
 }
 
 void OutputBuilder::Fail(std::exception_ptr failure) noexcept
@@ -43,15 +48,6 @@ void OutputBuilder::Fail(std::exception_ptr failure) noexcept
 void OutputBuilder::ThrowFailure() const
 {
     if (fFailure) std::rethrow_exception(fFailure);
-}
-
-void OutputBuilder::Place(OutputNodePtr node)
-{
-    if (fOpen.empty()) {
-        fSink.Node(std::move(node));
-        return;
-    }
-    std::get<HeadingNode>(fOpen.back()->fContent).fChildren.push_back(std::move(node));
 }
 
 }  // namespace refhost

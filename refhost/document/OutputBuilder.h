@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
 #include <exception>
 #include <vector>
 
@@ -7,23 +9,25 @@
 
 namespace refhost {
 
-/// Puts nodes under the innermost heading that is open, and hands each top node to the sink when it
-/// is complete. The libraries of the host write through the builder of the current run.
+/// Names a heading of a run; 0 names none.
+using HeadingNumber = std::uint64_t;
+
+/// What the libraries of the host write through: hands output on to the sink of the current run and
+/// keeps count of the open headings. Handles end in destructors, and some callers swallow what a
+/// chart throws; a failure of the sink is therefore kept, and what comes later is dropped.
 class OutputBuilder {
 public:
     explicit OutputBuilder(OutputSink& sink) : fSink(sink) {}
     OutputBuilder(const OutputBuilder&) = delete;
     OutputBuilder& operator=(const OutputBuilder&) = delete;
 
-    /// Opens a heading; the node is owned by the builder up to the matching `CloseHeading`.
-    HeadingNode* OpenHeading(TextRef label);
+    HeadingNumber OpenHeading(TextRef label) noexcept;
 
-    /// Closes a heading, and all that are still open under it. Null and unknown ones do nothing.
-    void CloseHeading(const HeadingNode* heading);
+    /// Closes a heading, and all that are still open under it. 0 and one that is not open do
+    /// nothing.
+    void CloseHeading(HeadingNumber heading) noexcept;
 
-    /// A table, chart or report, complete. Nodes come from destructors, and from callers that
-    /// swallow what a chart throws; a failure of the sink is therefore kept, and what comes later
-    /// is dropped.
+    /// A table, chart or report, complete.
     void Add(OutputNodePtr node) noexcept;
 
     /// Keeps a failure met where nothing may be thrown; only the first counts.
@@ -33,10 +37,12 @@ public:
     void ThrowFailure() const;
 
 private:
-    void Place(OutputNodePtr node);
+    template <class Step>
+    void Guard(Step step) noexcept;
 
     OutputSink& fSink;
-    std::vector<OutputNodePtr> fOpen;  // outermost first
+    std::vector<HeadingNumber> fOpen;  // outermost first
+    HeadingNumber fLast = 0;
     std::exception_ptr fFailure;
 };
 

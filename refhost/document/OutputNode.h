@@ -7,9 +7,9 @@
 #include <variant>
 #include <vector>
 
-/// The output of a run as plain data: headings, tables, charts and reports, in the order in which a
-/// person reads them. The pivot and the chart library make nodes; writers read them and know
-/// nothing of the libraries.
+/// The output of a run as plain data: tables, charts and reports, in the order in which a person
+/// reads them. The pivot and the chart library make nodes; writers read them and know nothing of
+/// the libraries.
 
 namespace refhost {
 
@@ -90,13 +90,6 @@ struct PivotCell {
     std::vector<TextRef> fNotes;
 };
 
-struct OutputNode;
-
-struct HeadingNode {
-    TextRef fLabel;
-    std::vector<std::unique_ptr<OutputNode>> fChildren;
-};
-
 struct TableNode {
     TextRef fTitle;
     TextRef fSubtype;
@@ -163,7 +156,7 @@ struct ChartNode {
 };
 
 struct OutputNode {
-    std::variant<HeadingNode, TableNode, ErrorNode, ChartNode> fContent;
+    std::variant<TableNode, ErrorNode, ChartNode> fContent;
 };
 
 using OutputNodePtr = std::unique_ptr<OutputNode>;

@@ -22,13 +22,18 @@ struct RunEnd {
     std::string fNotice;   ///< what a person has to know of an incomplete output; may be empty
 };
 
-/// Where output goes, node by node. A node reaches the sink as soon as nothing more can be written
-/// under it, so a sink that writes at once needs no more memory than one node. Writers are sinks.
-/// A sink that can't write throws `WriteFailure`.
+/// Where output goes, as it comes: a sink that writes at once needs no more memory than one node.
+/// Writers are sinks. A sink that can't write throws `WriteFailure`.
 class OutputSink {
 public:
     virtual ~OutputSink() = default;
     virtual void Begin(const RunStart& start) = 0;
+
+    /// A heading; what comes up to its `CloseHeading` stands under it.
+    virtual void OpenHeading(TextRef label) = 0;
+    virtual void CloseHeading() = 0;
+
+    /// A table, chart or report under the innermost open heading; never null.
     virtual void Node(OutputNodePtr node) = 0;
     virtual void End(const RunEnd& end) = 0;
 };

@@ -21,14 +21,14 @@ refhost::OutputBuilder* Working(refhost::OutputBuilder* output)
 
 }  // namespace
 
-BpHeading::Impl::Impl(refhost::OutputBuilder* output, const refhost::HeadingNode* node)
-    : fOutput(output), fNode(node)
+BpHeading::Impl::Impl(refhost::OutputBuilder* output, refhost::HeadingNumber heading)
+    : fOutput(output), fHeading(heading)
 {
 }
 
 BpHeading::Impl::~Impl()
 {
-    if (fOutput && fNode) fOutput->CloseHeading(fNode);
+    if (fOutput) fOutput->CloseHeading(fHeading);
 }
 
 BpHeading::BpHeading(std::unique_ptr<Impl> impl) : fImpl(std::move(impl)) {}
@@ -39,9 +39,9 @@ BpHeading& BpHeading::operator=(BpHeading&&) noexcept = default;
 BpHeading BpHeading::Heading(const BpCellText& text)
 {
     refhost::OutputBuilder* output = Working(fImpl ? fImpl->Output() : nullptr);
-    const refhost::HeadingNode* node =
-        output ? output->OpenHeading(refhost::Snapshot(text)) : nullptr;
-    return BpHeading(std::make_unique<Impl>(output, node));
+    const refhost::HeadingNumber heading =
+        output ? output->OpenHeading(refhost::Snapshot(text)) : 0;
+    return BpHeading(std::make_unique<Impl>(output, heading));
 }
 
 BpPivotTable BpHeading::PivotTable(const BpCellText& title, const BpCellText& subtype, bool)

@@ -1,17 +1,14 @@
 #pragma once
 
+#include "refhost/document/OutputBuilder.h"
+
 #include "host/pivot/BpHeading.h"
 
-namespace refhost {
-class OutputBuilder;
-struct HeadingNode;
-}  // namespace refhost
-
-/// An open heading of an output, which may be null: then nothing is written. The procedure has no
-/// node.
+/// An open heading of an output, which may be null: then nothing is written. The procedure is the
+/// output as a whole and has the heading 0.
 class BpHeading::Impl {
 public:
-    Impl(refhost::OutputBuilder* output, const refhost::HeadingNode* node);
+    Impl(refhost::OutputBuilder* output, refhost::HeadingNumber heading);
     ~Impl();
     Impl(const Impl&) = delete;
     Impl& operator=(const Impl&) = delete;
@@ -20,5 +17,5 @@ public:
 
 private:
     refhost::OutputBuilder* fOutput;
-    const refhost::HeadingNode* fNode;
+    refhost::HeadingNumber fHeading;
 };

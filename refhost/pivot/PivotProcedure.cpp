@@ -16,7 +16,7 @@ const QORT_DataSource* gFormatDataSource = nullptr;
 class RunProcedure final : public BpProcedure {
 public:
     explicit RunProcedure(const QORT_DataSource* source)
-        : BpProcedure(std::make_unique<BpHeading::Impl>(HostRun::Current().fOutput, nullptr)),
+        : BpProcedure(std::make_unique<BpHeading::Impl>(HostRun::Current().fOutput, 0)),
           fPrevious(gFormatDataSource)
     {
         gFormatDataSource = source;

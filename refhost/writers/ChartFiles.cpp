@@ -55,22 +55,17 @@ void ChartFiles::Begin(const RunStart& start)
     fNext->Begin(start);
 }
 
+void ChartFiles::OpenHeading(TextRef label) { fNext->OpenHeading(std::move(label)); }
+
+void ChartFiles::CloseHeading() { fNext->CloseHeading(); }
+
 void ChartFiles::Node(OutputNodePtr node)
 {
-    WriteCharts(*node);
+    if (const auto* chart = std::get_if<ChartNode>(&node->fContent)) WriteChart(*chart);
     fNext->Node(std::move(node));
 }
 
 void ChartFiles::End(const RunEnd& end) { fNext->End(end); }
-
-void ChartFiles::WriteCharts(const OutputNode& node)
-{
-    if (const auto* heading = std::get_if<HeadingNode>(&node.fContent))
-        for (const OutputNodePtr& child : heading->fChildren)
-            WriteCharts(*child);
-    else if (const auto* chart = std::get_if<ChartNode>(&node.fContent))
-        WriteChart(*chart);
-}
 
 void ChartFiles::WriteChart(const ChartNode& chart)
 {

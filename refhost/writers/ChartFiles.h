@@ -15,11 +15,12 @@ public:
     ChartFiles(const std::string& folder, std::unique_ptr<OutputSink> next);
 
     void Begin(const RunStart& start) override;
+    void OpenHeading(TextRef label) override;
+    void CloseHeading() override;
     void Node(OutputNodePtr node) override;
     void End(const RunEnd& end) override;
 
 private:
-    void WriteCharts(const OutputNode& node);
     void WriteChart(const ChartNode& chart);
 
     std::string fFolder;

@@ -14,19 +14,24 @@ constexpr std::size_t kLargePiece = 1U << 18U;
 
 }  // namespace
 
-void HtmlOutline::Open(std::string_view kind, std::string_view id, std::string_view label,
-                       bool hasEntriesBelow)
+void HtmlOutline::Open(std::string_view kind, std::string_view id, std::string_view label)
 {
     fIsEmpty = false;
+    if (!fHasList.empty() && !fHasList.back()) {
+        fPiece.append("\n<ul>\n");
+        fHasList.back() = true;
+    }
+    fHasList.push_back(false);
     fPiece.append("<li><a class=\"").append(kind).append("\" href=\"#").append(id).append("\">");
     AppendMarkupText(fPiece, label);
-    fPiece.append(hasEntriesBelow ? "</a>\n<ul>\n" : "</a>");
-    SpillLarge();
+    fPiece.append("</a>");
 }
 
-void HtmlOutline::Close(bool hasEntriesBelow)
+void HtmlOutline::Close()
 {
-    fPiece.append(hasEntriesBelow ? "</ul></li>\n" : "</li>\n");
+    fPiece.append(fHasList.back() ? "</ul></li>\n" : "</li>\n");
+    fHasList.pop_back();
+    SpillLarge();
 }
 
 void HtmlOutline::SpillLarge()

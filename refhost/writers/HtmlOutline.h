@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace refhost {
 
@@ -15,9 +16,8 @@ class HtmlOutline {
 public:
     /// An entry is closed by `Close`; between them stand the entries below it. `kind` is the class
     /// of its link.
-    void Open(std::string_view kind, std::string_view id, std::string_view label,
-              bool hasEntriesBelow);
-    void Close(bool hasEntriesBelow);
+    void Open(std::string_view kind, std::string_view id, std::string_view label);
+    void Close();
 
     bool IsEmpty() const { return fIsEmpty; }
 
@@ -32,7 +32,8 @@ private:
     void SpillLarge();
 
     bool fIsEmpty = true;
-    std::string fPiece;  // what is not in the file
+    std::vector<bool> fHasList;  // of each open entry: whether its list of entries has begun
+    std::string fPiece;          // what is not in the file
     std::unique_ptr<std::FILE, CloseFile> fFile;
 };
 

@@ -15,7 +15,8 @@ namespace refhost {
 
 namespace {
 
-constexpr int kDeepestHeading = 6;
+constexpr std::size_t kHighestHeading = 2;  // h1 is the title of the page
+constexpr std::size_t kDeepestHeading = 6;
 
 /// The scripts that draw, in the order in which they run.
 constexpr const WebAsset* kDrawing[] = {&web::kVega, &web::kVegaLite, &web::kVegaEmbed};
@@ -31,13 +32,6 @@ std::string Policy()
     return policy;
 }
 
-bool HasEntries(const HeadingNode& heading)
-{
-    return std::ranges::any_of(heading.fChildren, [](const OutputNodePtr& child) {
-        return child && !std::holds_alternative<ErrorNode>(child->fContent);
-    });
-}
-
 class HtmlWriter final : public OutputSink {
 public:
     explicit HtmlWriter(std::unique_ptr<ByteOutput> output) : fOutput(std::move(output)) {}
@@ -50,11 +44,31 @@ public:
         Hand();
     }
 
+    void OpenHeading(TextRef text) override
+    {
+        const std::string id = "s" + std::to_string(++fHeadings);
+        const std::string name = HeadingElement();
+        const std::string_view label = Shown(text);
+        fOutline.Open("heading", id, label);
+        fMarkup.append("<section id=\"").append(id).append("\">\n<").append(name);
+        fMarkup.append("><a href=\"#").append(id).append("\">");
+        AppendMarkupText(fMarkup, label);
+        fMarkup.append("</a></").append(name).append(">\n");
+        ++fDepth;
+    }
+
+    void CloseHeading() override
+    {
+        fMarkup.append("</section>\n");
+        fOutline.Close();
+        --fDepth;
+        HandWhatIsDue();
+    }
+
     void Node(OutputNodePtr node) override
     {
-        if (!node) return;
-        Append(*node, 2);
-        Hand();
+        std::visit([this](const auto& content) { Append(content); }, node->fContent);
+        HandWhatIsDue();
     }
 
     void End(const RunEnd& end) override
@@ -70,48 +84,31 @@ private:
 
     // --- nodes ---
 
-    void Append(const OutputNode& node, int level)
-    {
-        std::visit([this, level](const auto& content) { Append(content, level); }, node.fContent);
-        if (fMarkup.size() > kLargeMarkup) Hand(/*flush=*/false);
-    }
-
-    void Append(const HeadingNode& heading, int level)
-    {
-        const std::string id = "s" + std::to_string(++fHeadings);
-        const std::string name = "h" + std::to_string(std::min(level, kDeepestHeading));
-        const std::string_view label = Shown(heading.fLabel);
-        const bool hasEntries = HasEntries(heading);
-        fOutline.Open("heading", id, label, hasEntries);
-        fMarkup.append("<section id=\"").append(id).append("\">\n<").append(name);
-        fMarkup.append("><a href=\"#").append(id).append("\">");
-        AppendMarkupText(fMarkup, label);
-        fMarkup.append("</a></").append(name).append(">\n");
-        for (const OutputNodePtr& child : heading.fChildren)
-            if (child) Append(*child, level + 1);
-        fMarkup.append("</section>\n");
-        fOutline.Close(hasEntries);
-    }
-
-    void Append(const TableNode& table, int)
+    void Append(const TableNode& table)
     {
         const std::string id = "t" + std::to_string(++fTables);
         AddEntry("table", id, Shown(table.fTitle));
         AppendTable(fMarkup, table, id, fLanguage);
     }
 
-    void Append(const ChartNode& chart, int)
+    void Append(const ChartNode& chart)
     {
         const std::string id = "c" + std::to_string(++fCharts);
         AddEntry("chart", id, chart.fTitle.empty() ? Word("untitled") : chart.fTitle);
         AppendChart(fMarkup, chart, id, fLanguage);
     }
 
-    void Append(const ErrorNode& error, int)
+    void Append(const ErrorNode& error)
     {
         fMarkup.append("<p class=\"report\">");
         AppendMarkupText(fMarkup, error.fText);
         fMarkup.append("</p>\n");
+    }
+
+    /// Headings nest deeper than pages have elements for.
+    std::string HeadingElement() const
+    {
+        return "h" + std::to_string(std::min(kHighestHeading + fDepth, kDeepestHeading));
     }
 
     std::string_view Shown(const TextRef& text) const
@@ -121,8 +118,8 @@ private:
 
     void AddEntry(std::string_view kind, std::string_view id, std::string_view label)
     {
-        fOutline.Open(kind, id, label, /*hasEntriesBelow=*/false);
-        fOutline.Close(/*hasEntriesBelow=*/false);
+        fOutline.Open(kind, id, label);
+        fOutline.Close();
     }
 
     // --- the page around them ---
@@ -226,6 +223,15 @@ private:
         if (flush) fOutput->Flush();
     }
 
+    /// What is complete is not held back, and a large piece is not kept.
+    void HandWhatIsDue()
+    {
+        if (fDepth == 0)
+            Hand();
+        else if (fMarkup.size() > kLargeMarkup)
+            Hand(/*flush=*/false);
+    }
+
     static constexpr std::size_t kLargeMarkup = 1U << 16U;
 
     std::unique_ptr<ByteOutput> fOutput;
@@ -235,6 +241,7 @@ private:
     std::string_view fPage = web::kPage;  // what is not written yet
     HtmlOutline fOutline;
     RunEnd fEnd;
+    std::size_t fDepth = 0;     // of open headings
     std::size_t fHeadings = 0;  // for ids, which are never made of labels
     std::size_t fTables = 0;
     std::size_t fCharts = 0;

@@ -32,37 +32,39 @@ std::string_view FormatName(NumberFormat format)
     return row != std::end(kFormatNames) ? row->fName : std::string_view();
 }
 
-/// Writes nodes; `depth` is that of the line that a node begins.
+/// Writes headings and nodes, each from a new line on.
 class NodeWriter {
 public:
     explicit NodeWriter(JsonEmitter& json) : fJson(json) {}
 
-    void Write(const OutputNode& node, unsigned depth)
+    void Open(const TextRef& label)
     {
-        fDepth = depth;
-        fJson.BreakLine(depth);
-        fJson.BeginObject();
+        Begin("heading");
+        Member("label", label);
+        fJson.Key("children");
+        fJson.BeginArray();
+        ++fDepth;
+    }
+
+    void Close()
+    {
+        --fDepth;
+        fJson.EndArray();
+        fJson.EndObject();
+    }
+
+    void Write(const OutputNode& node)
+    {
         std::visit([this](const auto& content) { Members(content); }, node.fContent);
         fJson.EndObject();
     }
 
-private:
-    void Members(const HeadingNode& heading)
-    {
-        const unsigned depth = fDepth;
-        Type("heading");
-        Member("label", heading.fLabel);
-        fJson.Key("children");
-        fJson.BeginArray();
-        for (const auto& child : heading.fChildren)
-            if (child) Write(*child, depth + 1);
-        fJson.EndArray();
-        fDepth = depth;
-    }
+    bool IsAtTop() const { return fDepth == kTopDepth; }
 
+private:
     void Members(const ErrorNode& error)
     {
-        Type("error");
+        Begin("error");
         Member("text", error.fText);
         Member("show", error.fShow);
         Member("level", error.fLevel);
@@ -70,7 +72,7 @@ private:
 
     void Members(const TableNode& table)
     {
-        Type("table");
+        Begin("table");
         Member("title", table.fTitle);
         Line(1);
         Member("subtype", table.fSubtype);
@@ -88,7 +90,7 @@ private:
 
     void Members(const ChartNode& chart)
     {
-        Type("chart");
+        Begin("chart");
         Member("template", chart.fTemplate);
         Line(1);
         Member("text", chart.fText);
@@ -299,7 +301,12 @@ private:
 
     // --- frame ---
 
-    void Type(std::string_view name) { Member("type", name); }
+    void Begin(std::string_view type)
+    {
+        fJson.BreakLine(fDepth);
+        fJson.BeginObject();
+        Member("type", type);
+    }
 
     template <class Value>
     void Member(std::string_view name, const Value& value)
@@ -323,14 +330,16 @@ private:
 
     void Line(unsigned deeper) { fJson.BreakLine(fDepth + deeper); }
 
+    static constexpr unsigned kTopDepth = 2;
+
     JsonEmitter& fJson;
-    unsigned fDepth = 0;
+    unsigned fDepth = kTopDepth;  // of the line that a node begins
 };
 
 class JsonWriter final : public OutputSink {
 public:
     explicit JsonWriter(std::unique_ptr<ByteOutput> output)
-        : fOutput(std::move(output)), fJson(*fOutput)
+        : fOutput(std::move(output)), fJson(*fOutput), fNodes(fJson)
     {
     }
 
@@ -352,10 +361,18 @@ public:
         fJson.BeginArray();
     }
 
+    void OpenHeading(TextRef label) override { fNodes.Open(label); }
+
+    void CloseHeading() override
+    {
+        fNodes.Close();
+        FlushAtTop();
+    }
+
     void Node(OutputNodePtr node) override
     {
-        NodeWriter(fJson).Write(*node, 2);
-        fOutput->Flush();
+        fNodes.Write(*node);
+        FlushAtTop();
     }
 
     void End(const RunEnd& end) override
@@ -378,8 +395,15 @@ public:
     }
 
 private:
+    /// What is complete is not held back.
+    void FlushAtTop()
+    {
+        if (fNodes.IsAtTop()) fOutput->Flush();
+    }
+
     std::unique_ptr<ByteOutput> fOutput;
     JsonEmitter fJson;
+    NodeWriter fNodes;
 };
 
 }  // namespace

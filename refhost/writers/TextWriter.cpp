@@ -28,10 +28,21 @@ public:
         if (!start.fTitle.empty()) Heading(Printable(start.fTitle), 0);
     }
 
+    void OpenHeading(TextRef label) override
+    {
+        Heading(label ? Printable(label->fShown) : std::string(), fDepth++);
+    }
+
+    void CloseHeading() override
+    {
+        --fDepth;
+        FlushAtTop();
+    }
+
     void Node(OutputNodePtr node) override
     {
-        Write(*node, 0);
-        fOutput->Flush();
+        std::visit([this](const auto& content) { Write(content); }, node->fContent);
+        FlushAtTop();
     }
 
     void End(const RunEnd& end) override
@@ -44,31 +55,25 @@ public:
     }
 
 private:
-    void Write(const OutputNode& node, unsigned depth)
+    /// What is complete is not held back.
+    void FlushAtTop()
     {
-        std::visit([this, depth](const auto& content) { Write(content, depth); }, node.fContent);
+        if (fDepth == 0) fOutput->Flush();
     }
 
-    void Write(const HeadingNode& heading, unsigned depth)
-    {
-        Heading(heading.fLabel ? Printable(heading.fLabel->fShown) : std::string(), depth);
-        for (const auto& child : heading.fChildren)
-            if (child) Write(*child, depth + 1);
-    }
-
-    void Write(const TableNode& table, unsigned)
+    void Write(const TableNode& table)
     {
         Part();
         WriteTerminalTable(table, fWidth, *fOutput);
     }
 
-    void Write(const ErrorNode& error, unsigned)
+    void Write(const ErrorNode& error)
     {
         Part();
         Paragraph(Lead("warning"), error.fText);
     }
 
-    void Write(const ChartNode& chart, unsigned)
+    void Write(const ChartNode& chart)
     {
         Part();
         const std::string& title = chart.fTitle.empty() ? chart.fTemplate : chart.fTitle;
@@ -132,6 +137,7 @@ private:
     std::unique_ptr<ByteOutput> fOutput;
     int fWidth;
     std::string fLanguage;
+    unsigned fDepth = 0;  // of open headings
     bool fIsFirst = true;
 };
 

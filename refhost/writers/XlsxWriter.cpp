@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::size_t kMostLinks = 65530;  // the file format's limit for a sheet
 constexpr lxw_row_t kMostRows = 1048576;   // likewise
-constexpr int kDeepestIndent = 15;
+constexpr std::size_t kDeepestIndent = 15;
 constexpr double kOutlineWidth = 3;
 
 std::string Below(const std::string& path, const std::string& label)
@@ -32,71 +32,70 @@ void XlsxWriter::Begin(const RunStart& start)
     fRow += 2;
 }
 
-void XlsxWriter::Node(OutputNodePtr node) { Write(*node, {}, 0); }
+void XlsxWriter::OpenHeading(TextRef label)
+{
+    std::string text = label ? label->fShown : std::string();
+    List(text);
+    fPaths.push_back(fPaths.empty() ? std::move(text) : Below(fPaths.back(), text));
+}
+
+void XlsxWriter::CloseHeading() { fPaths.pop_back(); }
+
+void XlsxWriter::Node(OutputNodePtr node)
+{
+    std::visit([this](const auto& content) { Write(content); }, node->fContent);
+}
 
 void XlsxWriter::End(const RunEnd& end)
 {
     const std::string& notice = end.fFailure.empty() ? end.fNotice : end.fFailure;
     if (!notice.empty())
-        List(fmt::format("{} {}", ReportWord(fLanguage, "incomplete"), notice), 0);
+        List(fmt::format("{} {}", ReportWord(fLanguage, "incomplete"), notice));
     else if (!end.fResult)
-        List(std::string(ReportWord(fLanguage, "not-read")), 0);
+        List(std::string(ReportWord(fLanguage, "not-read")));
     fBook.Close();
 }
 
-void XlsxWriter::Write(const OutputNode& node, const std::string& path, int depth)
-{
-    if (const auto* heading = std::get_if<HeadingNode>(&node.fContent))
-        WriteHeading(*heading, path, depth);
-    else if (const auto* table = std::get_if<TableNode>(&node.fContent))
-        WriteTable(*table, path, depth);
-    else if (const auto* chart = std::get_if<ChartNode>(&node.fContent))
-        WriteChart(*chart, path, depth);
-    else if (const auto* error = std::get_if<ErrorNode>(&node.fContent))
-        List(error->fText, depth);
-}
-
-void XlsxWriter::WriteHeading(const HeadingNode& heading, const std::string& path, int depth)
-{
-    const std::string label = heading.fLabel ? heading.fLabel->fShown : std::string();
-    List(label, depth);
-    for (const OutputNodePtr& child : heading.fChildren)
-        Write(*child, Below(path, label), depth + 1);
-}
-
-void XlsxWriter::WriteTable(const TableNode& table, const std::string& path, int depth)
+void XlsxWriter::Write(const TableNode& table)
 {
     const std::string title = table.fTitle ? table.fTitle->fShown : std::string();
     lxw_worksheet* sheet = fBook.AddSheet(title);
-    ListSheet(sheet, title, depth);
-    WriteTableSheet(fBook, sheet, table, path);
+    ListSheet(sheet, title);
+    WriteTableSheet(fBook, sheet, table, Path());
 }
 
-void XlsxWriter::WriteChart(const ChartNode& chart, const std::string& path, int depth)
+void XlsxWriter::Write(const ChartNode& chart)
 {
     lxw_worksheet* sheet = fBook.AddSheet(chart.fTitle);
-    ListSheet(sheet, chart.fTitle, depth);
-    WriteChartSheet(fBook, sheet, chart, path);
+    ListSheet(sheet, chart.fTitle);
+    WriteChartSheet(fBook, sheet, chart, Path());
 }
 
-void XlsxWriter::List(const std::string& text, int depth)
+void XlsxWriter::Write(const ErrorNode& error) { List(error.fText); }
+
+std::string XlsxWriter::Path() const { return fPaths.empty() ? std::string() : fPaths.back(); }
+
+lxw_col_t XlsxWriter::Indent() const
+{
+    return static_cast<lxw_col_t>(std::min(fPaths.size(), kDeepestIndent));
+}
+
+void XlsxWriter::List(const std::string& text)
 {
     if (fRow >= kMostRows) return;
-    WriteText(fOutline, fRow++, static_cast<lxw_col_t>(std::min(depth, kDeepestIndent)), text,
-              fBook.Format(XlsxBook::Style::Plain));
+    WriteText(fOutline, fRow++, Indent(), text, fBook.Format(XlsxBook::Style::Plain));
 }
 
-void XlsxWriter::ListSheet(const lxw_worksheet* sheet, const std::string& text, int depth)
+void XlsxWriter::ListSheet(const lxw_worksheet* sheet, const std::string& text)
 {
     if (fLinks == kMostLinks) {
-        List(text, depth);
+        List(text);
         return;
     }
     ++fLinks;
     const std::string target = fmt::format("internal:'{}'!A1", sheet->name);
-    const auto column = static_cast<lxw_col_t>(std::min(depth, kDeepestIndent));
-    worksheet_write_url(fOutline, fRow, column, target.c_str(), nullptr);
-    WriteText(fOutline, fRow++, column, text, fBook.Format(XlsxBook::Style::Link));
+    worksheet_write_url(fOutline, fRow, Indent(), target.c_str(), nullptr);
+    WriteText(fOutline, fRow++, Indent(), text, fBook.Format(XlsxBook::Style::Link));
 }
 
 }  // namespace refhost

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "refhost/document/OutputSink.h"
 #include "refhost/writers/XlsxBook.h"
@@ -14,23 +15,29 @@ public:
     explicit XlsxWriter(const std::string& file) : fBook(file) {}
 
     void Begin(const RunStart& start) override;
+    void OpenHeading(TextRef label) override;
+    void CloseHeading() override;
     void Node(OutputNodePtr node) override;
     void End(const RunEnd& end) override;
 
 private:
-    void Write(const OutputNode& node, const std::string& path, int depth);
-    void WriteHeading(const HeadingNode& heading, const std::string& path, int depth);
-    void WriteTable(const TableNode& table, const std::string& path, int depth);
-    void WriteChart(const ChartNode& chart, const std::string& path, int depth);
+    void Write(const TableNode& table);
+    void Write(const ChartNode& chart);
+    void Write(const ErrorNode& error);
 
-    void List(const std::string& text, int depth);
-    void ListSheet(const lxw_worksheet* sheet, const std::string& text, int depth);
+    /// The labels of the open headings, joined.
+    std::string Path() const;
+    lxw_col_t Indent() const;
+
+    void List(const std::string& text);
+    void ListSheet(const lxw_worksheet* sheet, const std::string& text);
 
     XlsxBook fBook;
     lxw_worksheet* fOutline = nullptr;
     lxw_row_t fRow = 0;
     std::size_t fLinks = 0;
     std::string fLanguage;
+    std::vector<std::string> fPaths;  // of the open headings, outermost first
 };
 
 }  // namespace refhost

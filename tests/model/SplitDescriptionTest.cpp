@@ -110,9 +110,9 @@ TEST(SplitHeading, TellsTheSplitOnlyWhereAHeadingIsAskedFor)
 
     const Split split({0, 1}, {OBS(1.0), OBS(1.0)}, true);
     EXPECT_NE(split.fStats.SplitHeading(procedure.get()), nullptr);
-    ASSERT_EQ(output.All<refhost::HeadingNode>().size(), 1U);
-    EXPECT_EQ(output.All<refhost::HeadingNode>()[0]->fLabel->fShown,
-              "Number = one, d = 1970-01-02");
+    ASSERT_EQ(output.Nodes().size(), 1U);
+    ASSERT_TRUE(output.Nodes()[0].IsHeading());
+    EXPECT_EQ(output.Nodes()[0].fLabel->fShown, "Number = one, d = 1970-01-02");
 }
 
 TEST(SplitDimensions, MakeOneRowDimensionForEachVariable)

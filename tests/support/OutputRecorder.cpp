@@ -107,30 +107,18 @@ std::vector<FlatLabel> Categories(const TableNode& table, std::size_t dimension)
     return labels;
 }
 
-void AddOutline(const OutputNode& node, const std::string& indent, std::string& text)
+void AddOutline(const OutputTreeNode& node, const std::string& indent, std::string& text)
 {
-    if (const auto* heading = std::get_if<HeadingNode>(&node.fContent)) {
-        text += indent + "heading " + Passed(heading->fLabel) + "\n";
-        for (const auto& child : heading->fChildren)
-            AddOutline(*child, indent + "  ", text);
-    } else if (const auto* table = std::get_if<TableNode>(&node.fContent)) {
+    if (node.IsHeading()) {
+        text += indent + "heading " + Passed(node.fLabel) + "\n";
+        for (const OutputTreeNode& child : node.fChildren)
+            AddOutline(child, indent + "  ", text);
+    }
+    if (const auto* table = node.As<TableNode>())
         text += indent + "table " + Passed(table->fTitle) + "\n";
-    } else if (const auto* chart = std::get_if<ChartNode>(&node.fContent)) {
+    if (const auto* chart = node.As<ChartNode>())
         text += indent + "chart " + chart->fTemplate + "\n";
-    } else {
-        text += indent + "error " + std::get<ErrorNode>(node.fContent).fText + "\n";
-    }
-}
-
-void FindTables(const OutputNode& node, const std::string& title,
-                std::vector<const TableNode*>& tables)
-{
-    if (const auto* heading = std::get_if<HeadingNode>(&node.fContent)) {
-        for (const auto& child : heading->fChildren)
-            FindTables(*child, title, tables);
-    } else if (const auto* table = std::get_if<TableNode>(&node.fContent)) {
-        if (table->fTitle->fShown == title) tables.push_back(table);
-    }
+    if (const auto* error = node.As<ErrorNode>()) text += indent + "error " + error->fText + "\n";
 }
 
 }  // namespace
@@ -232,7 +220,7 @@ std::vector<std::string> RecordedTable::CellNotes(Labels labels) const
 std::size_t RecordedTable::CellCount() const { return fTable ? fTable->fCells.size() : 0; }
 
 OutputRecorder::OutputRecorder(const QORT_DataSource* source, const std::string& templateFolder)
-    : fBuilder(*this),
+    : fBuilder(fTree),
       fRun{.fOutput = &fBuilder, .fTemplateFolder = templateFolder},
       fScope(fRun),
       fProcedure(MakeProcedure(source))
@@ -244,15 +232,17 @@ OutputRecorder::~OutputRecorder() = default;
 std::string OutputRecorder::Outline() const
 {
     std::string text;
-    for (const auto& node : fNodes)
-        AddOutline(*node, "", text);
+    for (const OutputTreeNode& node : fTree.fNodes)
+        AddOutline(node, "", text);
     return text;
 }
 
 RecordedTable OutputRecorder::Table(const std::string& title, std::size_t place) const
 {
     std::vector<const TableNode*> tables;
-    for (const auto& node : fNodes)
-        FindTables(*node, title, tables);
+    ForEachNode(fTree.fNodes, [&](const OutputTreeNode& node) {
+        const auto* table = node.As<TableNode>();
+        if (table && table->fTitle->fShown == title) tables.push_back(table);
+    });
     return RecordedTable(place < tables.size() ? tables[place] : nullptr);
 }

@@ -8,6 +8,8 @@
 #include "refhost/document/HostRun.h"
 #include "refhost/document/OutputBuilder.h"
 
+#include "support/OutputTree.h"
+
 class BpProcedure;
 class QORT_DataSource;
 
@@ -56,26 +58,22 @@ private:
 };
 
 /// A run of the host whose output stays in memory. One at a time.
-class OutputRecorder final : public refhost::OutputSink {
+class OutputRecorder final {
 public:
     explicit OutputRecorder(const QORT_DataSource* source = nullptr,
                             const std::string& templateFolder = {});
-    ~OutputRecorder() override;
+    ~OutputRecorder();
 
     BpProcedure& Procedure() { return *fProcedure; }
 
-    /// All that is complete: a line for each node, two blanks for each level.
+    /// All that was written: a line for each node, two blanks for each level.
     std::string Outline() const;
 
     /// The table of that title as it shows, wherever it stands; of several, the one of that place.
     RecordedTable Table(const std::string& title, std::size_t place = 0) const;
 
-    void Begin(const refhost::RunStart&) override {}
-    void Node(refhost::OutputNodePtr node) override { fNodes.push_back(std::move(node)); }
-    void End(const refhost::RunEnd&) override {}
-
 private:
-    std::vector<refhost::OutputNodePtr> fNodes;
+    OutputTree fTree;
     refhost::OutputBuilder fBuilder;
     refhost::HostRun fRun;
     refhost::HostRun::Scope fScope;

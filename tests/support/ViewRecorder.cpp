@@ -118,16 +118,16 @@ void ViewRecorder::SetWords(const std::vector<std::pair<std::string, std::string
 
 std::optional<refhost::ChartNode> ViewRecorder::Draw(const std::function<void()>& draw)
 {
-    NodeList nodes;
-    refhost::OutputBuilder builder(nodes);
+    OutputTree output;
+    refhost::OutputBuilder builder(output);
     refhost::HostRun run;
     run.fOutput = &builder;
     run.fTemplateFolder = fFolder.string();
     const refhost::HostRun::Scope scope(run);
     draw();
-    EXPECT_LE(nodes.fNodes.size(), 1u) << "a view sends one chart";
-    if (nodes.fNodes.empty()) return std::nullopt;
-    return std::get<refhost::ChartNode>(std::move(nodes.fNodes.front()->fContent));
+    EXPECT_LE(output.fNodes.size(), 1u) << "a view sends one chart";
+    if (output.fNodes.empty()) return std::nullopt;
+    return std::get<refhost::ChartNode>(std::move(output.fNodes.front().fNode->fContent));
 }
 
 std::vector<std::string> CallLines(const refhost::ChartNode& chart)

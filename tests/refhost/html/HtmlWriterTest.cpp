@@ -73,7 +73,7 @@ TEST(HtmlWriter, WritesEachNodeAsItComes)
 
 TEST(HtmlWriter, NestsHeadingsNoDeeperThanPagesHaveThem)
 {
-    HeadingNode innermost = Heading("deep");
+    OutputTreeNode innermost = Heading("deep");
     for (int depth = 0; depth < 7; ++depth)
         innermost = Heading("level", std::move(innermost));
     const std::string report = ReportOf(std::move(innermost));
@@ -211,8 +211,8 @@ TEST(HtmlOutline, GivesBackAllEntriesBeyondWhatMemoryHolds)
     constexpr int kEntries = 20000;
     HtmlOutline outline;
     for (int entry = 0; entry < kEntries; ++entry) {
-        outline.Open("table", "t" + std::to_string(entry), "A label of some length", false);
-        outline.Close(false);
+        outline.Open("table", "t" + std::to_string(entry), "A label of some length");
+        outline.Close();
     }
     std::string text;
     ByteOutput output(text);

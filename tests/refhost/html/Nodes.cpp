@@ -67,13 +67,12 @@ TableNode PlainTable(std::string title, const std::vector<std::string>& labels)
     return table;
 }
 
-std::string Report(std::vector<OutputNodePtr> nodes, const RunStart& start, const RunEnd& end)
+std::string Report(std::vector<OutputTreeNode> nodes, const RunStart& start, const RunEnd& end)
 {
     std::string text;
     const std::unique_ptr<OutputSink> writer = MakeHtmlWriter(std::make_unique<ByteOutput>(text));
     writer->Begin(start);
-    for (OutputNodePtr& node : nodes)
-        writer->Node(std::move(node));
+    Replay(std::move(nodes), *writer);
     writer->End(end);
     return text;
 }

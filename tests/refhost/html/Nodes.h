@@ -8,6 +8,8 @@
 #include "refhost/document/OutputNode.h"
 #include "refhost/document/OutputSink.h"
 
+#include "support/OutputTree.h"
+
 /// Output nodes by hand, and the report of a few of them.
 
 namespace refhost::test {
@@ -29,24 +31,31 @@ OutputNodePtr NodeOf(Content content)
     return std::make_unique<OutputNode>(OutputNode{std::move(content)});
 }
 
-template <class... Nodes>
-HeadingNode Heading(std::string label, Nodes... nodes)
+inline OutputTreeNode InTree(OutputTreeNode heading) { return heading; }
+
+template <class Content>
+OutputTreeNode InTree(Content content)
 {
-    HeadingNode heading;
-    heading.fLabel = Words(std::move(label));
-    (heading.fChildren.push_back(NodeOf(std::move(nodes))), ...);
+    return {{}, {}, NodeOf(std::move(content))};
+}
+
+template <class... Nodes>
+OutputTreeNode Heading(std::string label, Nodes... nodes)
+{
+    OutputTreeNode heading{Words(std::move(label)), {}, {}};
+    (heading.fChildren.push_back(InTree(std::move(nodes))), ...);
     return heading;
 }
 
 /// The whole report, as it would stand in a file.
-std::string Report(std::vector<OutputNodePtr> nodes, const RunStart& start = {},
+std::string Report(std::vector<OutputTreeNode> nodes, const RunStart& start = {},
                    const RunEnd& end = {.fResult = true, .fFailure = {}, .fNotice = {}});
 
 template <class... Nodes>
 std::string ReportOf(Nodes... nodes)
 {
-    std::vector<OutputNodePtr> list;
-    (list.push_back(NodeOf(std::move(nodes))), ...);
+    std::vector<OutputTreeNode> list;
+    (list.push_back(InTree(std::move(nodes))), ...);
     return Report(std::move(list));
 }
 

@@ -12,15 +12,7 @@
 
 #include "host/pivot/BpProcedure.h"
 
-/// A sink that keeps what it gets.
-class KeptOutput : public refhost::OutputSink {
-public:
-    void Begin(const refhost::RunStart&) override {}
-    void Node(refhost::OutputNodePtr node) override { fNodes.push_back(std::move(node)); }
-    void End(const refhost::RunEnd&) override {}
-
-    std::vector<refhost::OutputNodePtr> fNodes;
-};
+#include "support/OutputTree.h"
 
 /// A run with a procedure over these variables, and its output.
 class PivotRun {
@@ -36,24 +28,23 @@ public:
 
     BpProcedure& Procedure() { return *fProcedure; }
     const QORT_DataSource& Source() const { return *fSource; }
-    const std::vector<refhost::OutputNodePtr>& Nodes() const { return fKept.fNodes; }
+    const std::vector<OutputTreeNode>& Nodes() const { return fKept.fNodes; }
 
     /// Hands over what was written up to now.
-    std::vector<refhost::OutputNodePtr> TakeNodes() { return std::exchange(fKept.fNodes, {}); }
+    std::vector<OutputTreeNode> TakeNodes() { return std::exchange(fKept.fNodes, {}); }
 
     /// The table at a place of the top; an empty one where none stands there.
     const refhost::TableNode& Table(std::size_t place = 0) const
     {
         static const refhost::TableNode kNone;
-        const auto* table = place < Nodes().size()
-                                ? std::get_if<refhost::TableNode>(&Nodes()[place]->fContent)
-                                : nullptr;
+        const auto* table =
+            place < Nodes().size() ? Nodes()[place].As<refhost::TableNode>() : nullptr;
         return table ? *table : kNone;
     }
 
 private:
     std::unique_ptr<ProcedureDataSource> fSource;
-    KeptOutput fKept;
+    OutputTree fKept;
     refhost::OutputBuilder fBuilder;
     refhost::HostRun fRun;
     refhost::HostRun::Scope fScope;

@@ -176,16 +176,14 @@ TEST(PivotTable, FindsLabelsAndCellsWithoutWalking)
 }
 
 /// "heading(child child)" of each node.
-std::string Outline(const std::vector<OutputNodePtr>& nodes)
+std::string Outline(const std::vector<OutputTreeNode>& nodes)
 {
     std::string text;
-    for (const OutputNodePtr& node : nodes) {
+    for (const OutputTreeNode& node : nodes) {
         text += text.empty() ? "" : " ";
-        if (const auto* heading = std::get_if<HeadingNode>(&node->fContent))
-            text += Shown(heading->fLabel) + "(" + Outline(heading->fChildren) + ")";
-        if (const auto* table = std::get_if<TableNode>(&node->fContent))
-            text += Shown(table->fTitle);
-        if (const auto* error = std::get_if<ErrorNode>(&node->fContent)) text += error->fText;
+        if (node.IsHeading()) text += Shown(node.fLabel) + "(" + Outline(node.fChildren) + ")";
+        if (const auto* table = node.As<TableNode>()) text += Shown(table->fTitle);
+        if (const auto* error = node.As<ErrorNode>()) text += error->fText;
     }
     return text;
 }
@@ -203,7 +201,8 @@ TEST(Heading, HoldsWhatIsWrittenUpToItsEnd)
             BpError("inside", BpErrorShow::Output, BpErrorLevel::Warning);
         }
         NewTable(outer, "t2");
-        EXPECT_EQ(Outline(run.Nodes()), "first") << "a top node is sent when it is complete";
+        EXPECT_EQ(Outline(run.Nodes()), "first outer(inner(t1 inside) t2)")
+            << "what is complete is sent while its heading is open";
     }
     NewTable(top, "t3");
     EXPECT_EQ(Outline(run.Nodes()), "first outer(inner(t1 inside) t2) t3");
@@ -225,14 +224,19 @@ TEST(Heading, KeepsWhatWasWrittenWhenAnExceptionEndsTheRun)
 class FullDisk : public OutputSink {
 public:
     void Begin(const RunStart&) override {}
-    void Node(OutputNodePtr) override
+    void OpenHeading(TextRef) override { Write(); }
+    void CloseHeading() override { Write(); }
+    void Node(OutputNodePtr) override { Write(); }
+    void End(const RunEnd&) override {}
+
+    int fCalls = 0;
+
+private:
+    void Write()
     {
         ++fCalls;
         throw WriteFailure("full");
     }
-    void End(const RunEnd&) override {}
-
-    int fCalls = 0;
 };
 
 TEST(Heading, ThrowsAFailureOfTheOutputWhereACallMayThrow)

@@ -228,14 +228,10 @@ void CollectKeys(const std::vector<refhost::PivotItem>& items, std::set<std::str
     }
 }
 
-void CollectKeys(const refhost::OutputNode& node, std::set<std::string>& keys)
+void CollectKeys(const OutputTreeNode& node, std::set<std::string>& keys)
 {
-    if (const auto* heading = std::get_if<refhost::HeadingNode>(&node.fContent)) {
-        CollectKeys(heading->fLabel, keys);
-        for (const auto& child : heading->fChildren)
-            CollectKeys(*child, keys);
-    }
-    const auto* table = std::get_if<refhost::TableNode>(&node.fContent);
+    if (node.IsHeading()) CollectKeys(node.fLabel, keys);
+    const auto* table = node.As<refhost::TableNode>();
     if (!table) return;
     CollectKeys({table->fTitle, table->fSubtype, table->fCaption}, keys);
     for (const refhost::PivotDimension& dimension : table->fDimensions) {
@@ -258,8 +254,7 @@ std::set<std::string> KeysOfTables(const Reading& reading)
             .Run();
     }
     std::set<std::string> keys;
-    for (const auto& node : output.Nodes())
-        CollectKeys(*node, keys);
+    ForEachNode(output.Nodes(), [&](const OutputTreeNode& node) { CollectKeys(node, keys); });
     return keys;
 }
 

@@ -17,21 +17,20 @@
 namespace refhost {
 namespace {
 
-std::string Written(std::vector<OutputNodePtr> nodes, const RunStart& start, const RunEnd& end)
+std::string Written(std::vector<OutputTreeNode> nodes, const RunStart& start, const RunEnd& end)
 {
     std::string text;
     const auto writer = MakeJsonWriter(std::make_unique<ByteOutput>(text));
     writer->Begin(start);
-    for (OutputNodePtr& node : nodes)
-        writer->Node(std::move(node));
+    Replay(std::move(nodes), *writer);
     writer->End(end);
     return text;
 }
 
 template <class Content>
-OutputNodePtr Node(Content content)
+OutputTreeNode Node(Content content)
 {
-    return std::make_unique<OutputNode>(OutputNode{std::move(content)});
+    return {{}, {}, std::make_unique<OutputNode>(OutputNode{std::move(content)})};
 }
 
 /// Where a text departs from the schema of the output; empty where it follows it.
@@ -131,7 +130,7 @@ TEST(JsonWriter, WritesChartsAndReports)
     chart.fCalls = {{"XDocument.setEditor", {std::int64_t{2}}},
                     {"XVariable.addRelabel", {"Row", ChartHostValue{2.0}, std::monostate(), true}}};
     chart.fTitle = "not in the record";
-    std::vector<OutputNodePtr> nodes;
+    std::vector<OutputTreeNode> nodes;
     nodes.push_back(Node(std::move(chart)));
     nodes.push_back(Node(ErrorNode{"bad \x1f \xff", 2, 1}));
     const std::string json = Written(std::move(nodes), {}, {});

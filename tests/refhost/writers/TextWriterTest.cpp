@@ -25,7 +25,6 @@ TEST(TextWriter, WritesARunForAMail)
         rows.Category(Literal("Total N")).Cell(BpNumber(60, BpProcedure::Count()));
         rows.Category(Literal("Sig.")).Cell(BpNumber(-1e308 * 10, BpProcedure::Significance()));
     }
-    std::vector<OutputNodePtr> nodes = run.TakeNodes();
     ChartNode chart;
     chart.fTitle = "Boxes";
     chart.fSubtitle = "by dose";
@@ -34,15 +33,14 @@ TEST(TextWriter, WritesARunForAMail)
         {"graphdata",
          {{"len", {4.0, 8.0, 6.0}}, {"dose", {"low", "low", "high"}}, {"none", {}}, {"n", {3.0}}},
          3}};
-    nodes.push_back(std::make_unique<OutputNode>(OutputNode{std::move(chart)}));
 
     std::string text;
     const auto writer = MakeTextWriter(std::make_unique<ByteOutput>(text), 32);
     RunStart start;
     start.fTitle = "Guinea pigs";
     writer->Begin(start);
-    for (OutputNodePtr& node : nodes)
-        writer->Node(std::move(node));
+    Replay(run.TakeNodes(), *writer);
+    writer->Node(std::make_unique<OutputNode>(OutputNode{std::move(chart)}));
     writer->End({.fResult = false, .fFailure = {}, .fNotice = "The output is not complete."});
     EXPECT_EQ(text, 1 + R"(
 Guinea pigs
