@@ -27,8 +27,8 @@ refhost/pivot      : host/pivot host/data host/framework refhost/document refhos
 refhost/template   : host/chart
 refhost/chart      : host/chart host/data refhost/document refhost/data refhost/strings refhost/template
 refhost/plot       : refhost/template refhost/document refhost/data
-refhost/vega       : refhost/plot
-refhost/writers    : refhost/document refhost/plot refhost/vega
+refhost/vega       : refhost/plot refhost/data
+refhost/writers    : refhost/document refhost/plot refhost/vega refhost/data
 refhost/job        : refhost/data refhost/command host/data host/command host/framework
 refhost/run        : refhost/job refhost/document refhost/writers refhost/pivot refhost/chart refhost/framework refhost/strings refhost/data host/*
 refhost/tool       : refhost/run refhost/job refhost/writers refhost/document
