@@ -1,65 +1,114 @@
 #include "refhost/writers/JsonEmitter.h"
 
-#include <array>
-#include <charconv>
 #include <cmath>
 #include <limits>
 
-#include "refhost/writers/WellFormed.h"
+#include "refhost/data/ShortestNumber.h"
+#include "refhost/writers/JsonText.h"
 
 namespace refhost {
 
 namespace {
 
 constexpr double kMissingNumber = -std::numeric_limits<double>::max();
-constexpr std::size_t kLongestDouble = 32;
 
 }  // namespace
 
 void JsonEmitter::Key(std::string_view name)
 {
-    fWriter.Key(name.data(), static_cast<rapidjson::SizeType>(name.size()));
+    fWriter.Separate();
+    fOutput.Put('"');
+    fOutput.Write(name);
+    fOutput.Put('"');
 }
-
-void JsonEmitter::ForeignKey(std::string_view name) { Key(WellFormed(name, fScratch)); }
 
 void JsonEmitter::String(std::string_view text)
 {
-    const std::string_view sound = WellFormed(text, fScratch);
-    fWriter.String(sound.data(), static_cast<rapidjson::SizeType>(sound.size()));
+    fWriter.Separate();
+    WriteJsonText(fOutput, text);
 }
 
 void JsonEmitter::Number(double number)
 {
     if (!std::isfinite(number) || number == kMissingNumber) {
-        fWriter.Null();
+        Null();
         return;
     }
-    std::array<char, kLongestDouble> text;
-    const auto end = std::to_chars(text.data(), text.data() + text.size(), number).ptr;
-    fWriter.RawValue(text.data(), static_cast<std::size_t>(end - text.data()),
-                     rapidjson::kNumberType);
+    fWriter.Separate();
+    char text[kLongestNumber];
+    const char* const end = WriteShortest(text, number);
+    fOutput.Write({text, static_cast<std::size_t>(end - text)});
 }
 
-void JsonEmitter::Stream::PutAtBreak(char c)
+void JsonEmitter::LineWriter::BeginObject()
 {
-    if (c == ',') fOutput.Put(c);
-    StartLine();
-    if (c != ',') fOutput.Put(c);
+    Separate();
+    new (level_stack_.Push<Level>()) Level(/*inArray_=*/false);
+    WriteStartObject();
 }
 
-void JsonEmitter::Stream::BreakLine(unsigned depth)
+void JsonEmitter::LineWriter::EndObject()
+{
+    level_stack_.Pop<Level>(1);
+    if (fBreaks) StartLine();
+    WriteEndObject();
+}
+
+void JsonEmitter::LineWriter::BeginArray()
+{
+    Separate();
+    new (level_stack_.Push<Level>()) Level(/*inArray_=*/true);
+    WriteStartArray();
+}
+
+void JsonEmitter::LineWriter::EndArray()
+{
+    level_stack_.Pop<Level>(1);
+    if (fBreaks) StartLine();
+    WriteEndArray();
+}
+
+void JsonEmitter::LineWriter::Integer(std::int64_t number)
+{
+    Separate();
+    WriteInt64(number);
+}
+
+void JsonEmitter::LineWriter::Truth(bool flag)
+{
+    Separate();
+    WriteBool(flag);
+}
+
+void JsonEmitter::LineWriter::Nothing()
+{
+    Separate();
+    WriteNull();
+}
+
+void JsonEmitter::LineWriter::BreakLine(unsigned depth)
 {
     fBreaks = true;
     fDepth = depth;
 }
 
-void JsonEmitter::Stream::StartLine()
+void JsonEmitter::LineWriter::Separate()
+{
+    if (!level_stack_.Empty()) {
+        Level& level = *level_stack_.Top<Level>();
+        const bool isBehindName = !level.inArray && level.valueCount % 2 != 0;
+        if (level.valueCount > 0) os_->Put(isBehindName ? ':' : ',');
+        ++level.valueCount;
+    }
+    if (fBreaks) StartLine();
+}
+
+void JsonEmitter::LineWriter::StartLine()
 {
     fBreaks = false;
-    fOutput.Put('\n');
+    os_->Put('\n');
     for (unsigned column = 0; column < fDepth; ++column)
-        fOutput.Put(' ');
+        os_->Put(' ');
 }
 
 }  // namespace refhost

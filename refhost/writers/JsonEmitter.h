@@ -3,7 +3,6 @@
 #include <rapidjson/writer.h>
 
 #include <cstdint>
-#include <string>
 #include <string_view>
 
 #include "refhost/writers/ByteOutput.h"
@@ -14,27 +13,27 @@ namespace refhost {
 /// the shortest that read back as the same; the missing number, and what is not finite, is null.
 class JsonEmitter {
 public:
-    explicit JsonEmitter(ByteOutput& output) : fStream(output), fWriter(fStream) {}
+    explicit JsonEmitter(ByteOutput& output) : fOutput(output), fStream(output), fWriter(fStream) {}
 
-    void BeginObject() { fWriter.StartObject(); }
+    void BeginObject() { fWriter.BeginObject(); }
     void EndObject() { fWriter.EndObject(); }
-    void BeginArray() { fWriter.StartArray(); }
+    void BeginArray() { fWriter.BeginArray(); }
     void EndArray() { fWriter.EndArray(); }
 
-    /// Names are the format's own, in ASCII.
+    /// Names are the format's own, in ASCII that needs no escape.
     void Key(std::string_view name);
 
     /// A name that stands in a document.
-    void ForeignKey(std::string_view name);
+    void ForeignKey(std::string_view name) { String(name); }
 
     void String(std::string_view text);
     void Number(double number);
-    void Integer(std::int64_t number) { fWriter.Int64(number); }
-    void Bool(bool flag) { fWriter.Bool(flag); }
-    void Null() { fWriter.Null(); }
+    void Integer(std::int64_t number) { fWriter.Integer(number); }
+    void Bool(bool flag) { fWriter.Truth(flag); }
+    void Null() { fWriter.Nothing(); }
 
     /// What comes next, its comma apart, begins on a new line, indented so deep.
-    void BreakLine(unsigned depth) { fStream.BreakLine(depth); }
+    void BreakLine(unsigned depth) { fWriter.BreakLine(depth); }
 
 private:
     /// The output stream of the JSON library.
@@ -42,29 +41,39 @@ private:
     public:
         using Ch = char;
         explicit Stream(ByteOutput& output) : fOutput(output) {}
-        void Put(char c)
-        {
-            if (fBreaks)
-                PutAtBreak(c);
-            else
-                fOutput.Put(c);
-        }
+        void Put(char c) { fOutput.Put(c); }
         void Flush() {}
-        void BreakLine(unsigned depth);
 
     private:
-        /// A comma stays on the line before; all else begins the new one.
-        void PutAtBreak(char c);
+        ByteOutput& fOutput;
+    };
+
+    /// The library's writer with line breaks behind commas.
+    class LineWriter : public rapidjson::Writer<Stream> {
+    public:
+        using Writer::Writer;
+        void BeginObject();
+        void EndObject();
+        void BeginArray();
+        void EndArray();
+        void Integer(std::int64_t number);
+        void Truth(bool flag);
+        void Nothing();
+        void BreakLine(unsigned depth);
+
+        /// What stands between the last value and the next.
+        void Separate();
+
+    private:
         void StartLine();
 
-        ByteOutput& fOutput;
         bool fBreaks = false;
         unsigned fDepth = 0;
     };
 
+    ByteOutput& fOutput;
     Stream fStream;
-    rapidjson::Writer<Stream> fWriter;
-    std::string fScratch;
+    LineWriter fWriter;
 };
 
 }  // namespace refhost
