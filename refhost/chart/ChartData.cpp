@@ -20,6 +20,19 @@ refhost::ChartSource* VarDataProcessor::Impl::Find(std::string_view source)
     return found == fSources.end() ? nullptr : &*found;
 }
 
+refhost::ChartSource::Column* VarDataProcessor::Impl::FindColumn(refhost::ChartSource& source,
+                                                                 std::string_view name)
+{
+    const std::size_t count = source.fColumns.size();
+    for (std::size_t step = 0; step < count; ++step) {
+        const std::size_t place = (fNextColumn + step) % count;
+        if (source.fColumns[place].fName != name) continue;
+        fNextColumn = place + 1;
+        return &source.fColumns[place];
+    }
+    return nullptr;
+}
+
 void VarDataProcessor::Impl::AddSource(std::string_view source)
 {
     if (!Find(source)) fSources.push_back({std::string(source), {}, 0});
@@ -42,13 +55,11 @@ void VarDataProcessor::Impl::Set(std::string_view source, std::string_view colum
     if (!found || row < 0) return;
     const auto place = static_cast<std::size_t>(row);
     if (place > found->fRows + kLargestGap) return;
-    for (auto& entry : found->fColumns) {
-        if (entry.fName != column) continue;
-        if (entry.fValues.size() <= place) entry.fValues.resize(place + 1);
-        entry.fValues[place] = std::move(value);
-        found->fRows = std::max(found->fRows, place + 1);
-        return;
-    }
+    refhost::ChartSource::Column* const entry = FindColumn(*found, column);
+    if (!entry) return;
+    if (entry->fValues.size() <= place) entry->fValues.resize(place + 1);
+    entry->fValues[place] = std::move(value);
+    found->fRows = std::max(found->fRows, place + 1);
 }
 
 VarDataProcessor::VarDataProcessor() : fImpl(std::make_unique<Impl>()) {}

@@ -20,6 +20,9 @@ public:
 private:
     /// Null where there is none of that name.
     refhost::ChartSource* Find(std::string_view source);
+    refhost::ChartSource::Column* FindColumn(refhost::ChartSource& source, std::string_view name);
 
     std::vector<refhost::ChartSource> fSources;
+    std::size_t fNextColumn =
+        0;  // where the next value is expected: rows are set from left to right
 };

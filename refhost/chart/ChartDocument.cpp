@@ -25,16 +25,34 @@ std::string ShownIn(const std::optional<Extension>& extension,
 }  // namespace
 
 XDocument::Impl::Impl(const std::string& text)
-    : fTemplate(refhost::LastFetchedTemplate()), fText(text), fModel(fDrawing.fTree, fRecorder)
+    : fTemplate(refhost::LastFetchedTemplate()),
+      fText(text),
+      fIsShown(refhost::HostRun::Current().fShowsCharts),
+      fModel(fDrawing.fTree, fRecorder)
+{
+    if (fIsShown) ReadDrawing();
+}
+
+void XDocument::Impl::ReadDrawing()
 {
     auto read = refhost::ReadTemplate(fText);
     fHasDrawing = read.has_value();
     if (read) fDrawing.fTree = *std::move(read);
+    fIsRead = true;
+    for (const auto& [frame, words] : fPendingTexts)
+        PutFrameText(frame, words);
+}
+
+ViZVisualization& XDocument::Impl::Model()
+{
+    if (!fIsRead) ReadDrawing();  // the record holds ids of its objects
+    return fModel;
 }
 
 refhost::VariableSettings* XDocument::Impl::SettingsOf(const std::string& variable)
 {
     const auto& tree = fDrawing.fTree;
+    if (!fIsShown) return nullptr;
     if (!tree.FindSourceVariable(variable) && !tree.FindDerivedVariable(variable)) return nullptr;
     return &fDrawing.fVariables[variable];
 }
@@ -54,6 +72,14 @@ void XDocument::Impl::SetFrameText(const char* operation, Frame Extension::*fram
 {
     fRecorder.Record(operation, text);
     if (!text) return;
+    if (fIsRead)
+        PutFrameText(frame, refhost::ToUtf8(text));
+    else
+        fPendingTexts.emplace_back(frame, refhost::ToUtf8(text));
+}
+
+void XDocument::Impl::PutFrameText(Frame Extension::*frame, const std::string& words)
+{
     auto& extension = fDrawing.fTree.fExtension;
     if (!extension) extension.emplace();
     auto& titleFrame = (*extension).*frame;
@@ -62,7 +88,7 @@ void XDocument::Impl::SetFrameText(const char* operation, Frame Extension::*fram
     // The label of the template keeps its style; only its text is another one.
     if (titleFrame->fLabels.empty()) titleFrame->fLabels.emplace_back();
     titleFrame->fLabels.resize(1);
-    titleFrame->fLabels.front().fTexts = {{"", refhost::ToUtf8(text)}};
+    titleFrame->fLabels.front().fTexts = {{"", words}};
 }
 
 void XDocument::Impl::setTitle(const char16_t* text)
@@ -99,16 +125,21 @@ refhost::OutputNodePtr XDocument::Impl::MakeNode() const
     chart.fText = fText;
     if (fData) chart.fSources = fData->GetImpl().Sources();
     chart.fCalls = fRecorder.Calls();
+    if (fIsShown) AddDrawing(chart);
+
+    auto node = std::make_unique<refhost::OutputNode>();
+    node->fContent = std::move(chart);
+    return node;
+}
+
+void XDocument::Impl::AddDrawing(refhost::ChartNode& chart) const
+{
     const auto& extension = fDrawing.fTree.fExtension;
     chart.fTitle = ShownIn(extension, &Extension::fTitle);
     chart.fSubtitle = ShownIn(extension, &Extension::fSubtitle);
     chart.fFootnote = ShownIn(extension, &Extension::fFootnote);
     chart.fDescription = fDescription;
     if (fHasDrawing) chart.fDrawing = std::make_shared<const refhost::ChartDrawing>(fDrawing);
-
-    auto node = std::make_unique<refhost::OutputNode>();
-    node->fContent = std::move(chart);
-    return node;
 }
 
 std::string XDocument::fetchTemplateFile(const char* name)

@@ -3,6 +3,8 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "refhost/chart/CallRecorder.h"
 #include "refhost/chart/VariableHandle.h"
@@ -25,7 +27,7 @@ public:
     void setOuterFrameWidth(double width) override;
     void setOuterFrameHeight(double height) override;
 
-    ViZVisualization& Model() { return fModel; }
+    ViZVisualization& Model();
     refhost::OutputNodePtr MakeNode() const;
 
     refhost::CallRecorder fRecorder;
@@ -36,13 +38,23 @@ private:
     using Frame = std::optional<refhost::tree::LabelFrame>;
     void SetFrameText(const char* operation, Frame refhost::tree::Extension::*frame,
                       const char16_t* text);
+    void PutFrameText(Frame refhost::tree::Extension::*frame, const std::string& words);
 
-    /// Null where the template does not hold the variable.
+    void ReadDrawing();
+
+    /// The picture and the texts beside it, as they stand by now.
+    void AddDrawing(refhost::ChartNode& chart) const;
+
+    /// Null where the template does not hold the variable, and where nothing is drawn.
     refhost::VariableSettings* SettingsOf(const std::string& variable);
 
     const std::string fTemplate;
     const std::string fText;
-    bool fHasDrawing = false;
+    const bool fIsShown;  // where charts are only recorded, a template is read for its model alone
+    bool fIsRead = false;
+    std::vector<std::pair<Frame refhost::tree::Extension::*, std::string>>
+        fPendingTexts;         // set before it was read
+    bool fHasDrawing = false;  // the text could be read
     refhost::ChartDrawing fDrawing;
     refhost::VisualizationModel fModel;
     std::map<std::string, XVariable::Impl, std::less<>> fHandles;

@@ -19,18 +19,25 @@ bool IsBareName(const std::string& name)
            name.find_first_of(std::string("/\\:\0", 4)) == std::string::npos;
 }
 
-}  // namespace
-
-std::string FetchTemplate(const std::string& name)
+std::string ReadTemplateFile(const std::string& name)
 {
     if (!IsBareName(name)) return {};
     const auto path = std::filesystem::path(HostRun::Current().fTemplateFolder) / name;
     std::error_code error;
     if (!std::filesystem::is_regular_file(path, error)) return {};
     std::ifstream file(path, std::ios::binary);
-    std::string text((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
-    if (!text.empty()) gLastFetched = name;
-    return text;
+    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+}
+
+}  // namespace
+
+const std::string& FetchTemplate(const std::string& name)
+{
+    auto& texts = HostRun::Current().fTemplateTexts;
+    auto known = texts.find(name);
+    if (known == texts.end()) known = texts.emplace(name, ReadTemplateFile(name)).first;
+    if (!known->second.empty()) gLastFetched = name;
+    return known->second;
 }
 
 const std::string& LastFetchedTemplate() { return gLastFetched; }

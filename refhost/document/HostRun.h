@@ -1,5 +1,6 @@
 #pragma once
 
+#include <map>
 #include <string>
 
 namespace refhost {
@@ -14,6 +15,10 @@ struct HostRun {
     OutputBuilder* fOutput = nullptr;
     std::string fTemplateFolder;
     bool fUseColorsOnly = true;
+    bool fShowsCharts = true;  ///< false: charts are recorded and never drawn
+
+    /// Texts of template files by name, as far as they were read.
+    std::map<std::string, std::string, std::less<>> fTemplateTexts = {};
 
     /// The run that is under way. Outside of a run it has no output.
     static HostRun& Current();

@@ -144,14 +144,14 @@ struct ChartNode {
     std::vector<ChartSource> fSources;
     std::vector<ChartCall> fCalls;
 
-    /// What a person reads beside the picture, UTF-8; empty where it was not set. A title that only
-    /// the template holds stands here as well.
+    /// What a person reads beside the picture, UTF-8; empty where it was not set, and where charts
+    /// are only recorded. A title that only the template holds stands here as well.
     std::string fTitle;
     std::string fSubtitle;
     std::string fFootnote;
     std::string fDescription;
 
-    /// Null where the text could not be read as a template.
+    /// Null where the text could not be read as a template, and where charts are only recorded.
     std::shared_ptr<const ChartDrawing> fDrawing;
 };
 

@@ -218,6 +218,7 @@ RunOutcome RunJob(const RunOptions& options)
     HostRun run;
     run.fTemplateFolder = TemplateFolder(options, installation);
     run.fUseColorsOnly = !options.fPatterns;
+    run.fShowsCharts = writer.fShowsCharts || !options.fChartFolder.empty();
     const PluginLibrary plugin(options.fPlugin.empty() ? installation.fPlugin : options.fPlugin);
 
     OutputPlace place(OutputFile(options, writer));

@@ -34,10 +34,10 @@ std::unique_ptr<OutputSink> Xlsx(const WriterSettings& settings)
 
 // clang-format off
 constexpr WriterRow kWriters[] = {
-    {"html", ".html", /*fToStandardOutput=*/false, Html},
-    {"text", ".txt",  /*fToStandardOutput=*/true, Text},
-    {"json", ".json", /*fToStandardOutput=*/true, Json},
-    {"xlsx", ".xlsx", /*fToStandardOutput=*/false, Xlsx},
+    {"html", ".html", /*fToStandardOutput=*/false, /*fShowsCharts=*/true,  Html},
+    {"text", ".txt",  /*fToStandardOutput=*/true,  /*fShowsCharts=*/true,  Text},
+    {"json", ".json", /*fToStandardOutput=*/true,  /*fShowsCharts=*/false, Json},
+    {"xlsx", ".xlsx", /*fToStandardOutput=*/false, /*fShowsCharts=*/true,  Xlsx},
 };
 // clang-format on
 

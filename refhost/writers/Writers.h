@@ -22,6 +22,7 @@ struct WriterRow {
     std::string_view fFormat;
     std::string_view fExtension;
     bool fToStandardOutput;  ///< where no file is named; otherwise a file named after the job
+    bool fShowsCharts;       ///< false where it takes their record alone
     std::unique_ptr<OutputSink> (*fMake)(const WriterSettings& settings);
 };
 
