@@ -57,9 +57,13 @@ void VarDataProcessor::Impl::Set(std::string_view source, std::string_view colum
     if (place > found->fRows + kLargestGap) return;
     refhost::ChartSource::Column* const entry = FindColumn(*found, column);
     if (!entry) return;
-    if (entry->fValues.size() <= place) entry->fValues.resize(place + 1);
-    entry->fValues[place] = std::move(value);
     found->fRows = std::max(found->fRows, place + 1);
+    if (place == entry->fValues.size()) {
+        entry->fValues.push_back(std::move(value));
+        return;
+    }
+    if (place > entry->fValues.size()) entry->fValues.resize(place + 1);
+    entry->fValues[place] = std::move(value);
 }
 
 VarDataProcessor::VarDataProcessor() : fImpl(std::make_unique<Impl>()) {}

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -28,6 +29,11 @@ class OutputSink {
 public:
     virtual ~OutputSink() = default;
     virtual void Begin(const RunStart& start) = 0;
+
+    /// What comes between the two is the output of one split; splits are numbered from 0. When
+    /// `EndSplit` returns, all of it is out.
+    virtual void BeginSplit(std::size_t split) = 0;
+    virtual void EndSplit() = 0;
 
     /// A heading; what comes up to its `CloseHeading` stands under it.
     virtual void OpenHeading(TextRef label) = 0;

@@ -1,10 +1,9 @@
 #include "host/framework/Conversions.h"
 
-#include <algorithm>
 #include <cstddef>
 #include <string_view>
-#include <utility>
 
+#include "refhost/framework/Blanks.h"
 #include "refhost/framework/NumberParsing.h"
 
 #include "refhost/data/DateFormats.h"
@@ -12,7 +11,14 @@
 
 namespace {
 
-constexpr std::string_view kTokenSpace = " \t\r\n";
+/// The first place from `place` on whose character is a blank or is none; the end where there is
+/// no such place.
+std::size_t FindFrom(std::string_view text, std::size_t place, bool isBlank)
+{
+    while (place < text.size() && refhost::IsBlank(text[place]) != isBlank)
+        ++place;
+    return place;
+}
 
 /// Takes the token that begins with the quote at `place`; leaves `place` behind it.
 std::string TakeQuotedToken(std::string_view text, std::size_t& place)
@@ -44,14 +50,13 @@ double String2Double(const std::string& text)
 void SplitToToken(const std::string& text, std::vector<std::string>& tokens)
 {
     const std::string_view view = text;
-    std::size_t place = view.find_first_not_of(kTokenSpace);
+    std::size_t place = FindFrom(view, 0, false);
     while (place < view.size()) {
-        std::string token;
+        std::string& token = tokens.emplace_back();
         if (view[place] == '"') token = TakeQuotedToken(view, place);
-        const std::size_t end = std::min(view.find_first_of(kTokenSpace, place), view.size());
-        token += view.substr(place, end - place);
-        tokens.push_back(std::move(token));
-        place = view.find_first_not_of(kTokenSpace, end);
+        const std::size_t end = FindFrom(view, place, true);
+        token.append(view, place, end - place);
+        place = FindFrom(view, end, false);
     }
 }
 

@@ -7,18 +7,21 @@
 #include <limits>
 #include <system_error>
 
+#include "refhost/framework/Blanks.h"
+
 namespace refhost {
 
 namespace {
 
-constexpr std::string_view kSpace = " \t\r\n";
 constexpr std::string_view kDecimalDigits = "0123456789";
 
 /// Without the blanks around it and without a leading "+".
 std::string_view NumberPart(std::string_view text)
 {
-    text.remove_prefix(std::min(text.find_first_not_of(kSpace), text.size()));
-    text = text.substr(0, text.find_last_not_of(kSpace) + 1);
+    while (!text.empty() && IsBlank(text.front()))
+        text.remove_prefix(1);
+    while (!text.empty() && IsBlank(text.back()))
+        text.remove_suffix(1);
     if (text.size() > 1 && text[0] == '+' && text[1] != '-') text.remove_prefix(1);
     return text;
 }

@@ -4,6 +4,7 @@
 #include "refhost/run/OutputPlace.h"
 #include "refhost/run/PluginLibrary.h"
 #include "refhost/run/Progress.h"
+#include "refhost/run/QueuedSink.h"
 #include "refhost/run/RunFailure.h"
 
 #include <sys/ioctl.h>
@@ -75,8 +76,9 @@ std::unique_ptr<OutputSink> MakeSink(const RunOptions& options, const WriterRow&
     settings.fFile = place.Path();
     if (place.IsStandardOutput()) settings.fTerminalWidth = TerminalWidth();
     std::unique_ptr<OutputSink> sink = writer.fMake(settings);
-    if (options.fChartFolder.empty()) return sink;
-    return std::make_unique<ChartFiles>(options.fChartFolder, std::move(sink));
+    if (!options.fChartFolder.empty())
+        sink = std::make_unique<ChartFiles>(options.fChartFolder, std::move(sink));
+    return std::make_unique<QueuedSink>(std::move(sink));
 }
 
 void LoadTexts(TextTable& texts, const std::string& file)
@@ -120,8 +122,13 @@ std::string UnreadableReason(bool isFileRead)
 /// document is held at a time and what a split wrote is out before the next begins.
 class SplitLoop {
 public:
-    SplitLoop(const Job& job, CFProcCustom& procedure, OutputBuilder& output, bool quiet)
-        : fJob(job), fProcedure(procedure), fOutput(output), fProgress(job.fSplits.size(), quiet)
+    SplitLoop(const Job& job, CFProcCustom& procedure, OutputSink& sink, OutputBuilder& output,
+              bool quiet)
+        : fJob(job),
+          fProcedure(procedure),
+          fSink(sink),
+          fOutput(output),
+          fProgress(job.fSplits.size(), quiet)
     {
     }
 
@@ -136,8 +143,10 @@ public:
                 return RunOutcome::Interrupted;
             }
             fProgress.Show(done);
+            fSink.BeginSplit(done);
             const RunOutcome outcome = RunSplit(split, end);
             fOutput.ThrowFailure();
+            fSink.EndSplit();
             if (outcome != RunOutcome::Done) return outcome;
             ++done;
         }
@@ -176,6 +185,7 @@ private:
 
     const Job& fJob;
     CFProcCustom& fProcedure;
+    OutputSink& fSink;
     OutputBuilder& fOutput;
     Progress fProgress;
     std::vector<std::string> fNoDocuments;
@@ -235,7 +245,7 @@ RunOutcome RunJob(const RunOptions& options)
 
     sink->Begin(StartOf(job, *procedure, language));
     RunEnd end;
-    const RunOutcome outcome = SplitLoop(job, *procedure, output, options.fQuiet).Run(end);
+    const RunOutcome outcome = SplitLoop(job, *procedure, *sink, output, options.fQuiet).Run(end);
     sink->End(end);
     place.Keep();
     TextTable::Activate(nullptr);

@@ -55,6 +55,10 @@ void ChartFiles::Begin(const RunStart& start)
     fNext->Begin(start);
 }
 
+void ChartFiles::BeginSplit(std::size_t split) { fNext->BeginSplit(split); }
+
+void ChartFiles::EndSplit() { fNext->EndSplit(); }
+
 void ChartFiles::OpenHeading(TextRef label) { fNext->OpenHeading(std::move(label)); }
 
 void ChartFiles::CloseHeading() { fNext->CloseHeading(); }

@@ -15,6 +15,8 @@ public:
     ChartFiles(const std::string& folder, std::unique_ptr<OutputSink> next);
 
     void Begin(const RunStart& start) override;
+    void BeginSplit(std::size_t split) override;
+    void EndSplit() override;
     void OpenHeading(TextRef label) override;
     void CloseHeading() override;
     void Node(OutputNodePtr node) override;

@@ -44,6 +44,10 @@ public:
         Hand();
     }
 
+    void BeginSplit(std::size_t) override {}
+
+    void EndSplit() override { Hand(); }
+
     void OpenHeading(TextRef text) override
     {
         const std::string id = "s" + std::to_string(++fHeadings);
@@ -62,13 +66,12 @@ public:
         fMarkup.append("</section>\n");
         fOutline.Close();
         --fDepth;
-        HandWhatIsDue();
     }
 
     void Node(OutputNodePtr node) override
     {
         std::visit([this](const auto& content) { Append(content); }, node->fContent);
-        HandWhatIsDue();
+        if (fMarkup.size() > kLargeMarkup) Hand(/*flush=*/false);
     }
 
     void End(const RunEnd& end) override
@@ -221,15 +224,6 @@ private:
         fOutput->Write(fMarkup);
         fMarkup.clear();
         if (flush) fOutput->Flush();
-    }
-
-    /// What is complete is not held back, and a large piece is not kept.
-    void HandWhatIsDue()
-    {
-        if (fDepth == 0)
-            Hand();
-        else if (fMarkup.size() > kLargeMarkup)
-            Hand(/*flush=*/false);
     }
 
     static constexpr std::size_t kLargeMarkup = 1U << 16U;

@@ -59,8 +59,6 @@ public:
         fJson.EndObject();
     }
 
-    bool IsAtTop() const { return fDepth == kTopDepth; }
-
 private:
     void Members(const ErrorNode& error)
     {
@@ -361,19 +359,15 @@ public:
         fJson.BeginArray();
     }
 
+    void BeginSplit(std::size_t) override {}
+
+    void EndSplit() override { fOutput->Flush(); }
+
     void OpenHeading(TextRef label) override { fNodes.Open(label); }
 
-    void CloseHeading() override
-    {
-        fNodes.Close();
-        FlushAtTop();
-    }
+    void CloseHeading() override { fNodes.Close(); }
 
-    void Node(OutputNodePtr node) override
-    {
-        fNodes.Write(*node);
-        FlushAtTop();
-    }
+    void Node(OutputNodePtr node) override { fNodes.Write(*node); }
 
     void End(const RunEnd& end) override
     {
@@ -395,12 +389,6 @@ public:
     }
 
 private:
-    /// What is complete is not held back.
-    void FlushAtTop()
-    {
-        if (fNodes.IsAtTop()) fOutput->Flush();
-    }
-
     std::unique_ptr<ByteOutput> fOutput;
     JsonEmitter fJson;
     NodeWriter fNodes;

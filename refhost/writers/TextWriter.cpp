@@ -28,21 +28,20 @@ public:
         if (!start.fTitle.empty()) Heading(Printable(start.fTitle), 0);
     }
 
+    void BeginSplit(std::size_t) override {}
+
+    void EndSplit() override { fOutput->Flush(); }
+
     void OpenHeading(TextRef label) override
     {
         Heading(label ? Printable(label->fShown) : std::string(), fDepth++);
     }
 
-    void CloseHeading() override
-    {
-        --fDepth;
-        FlushAtTop();
-    }
+    void CloseHeading() override { --fDepth; }
 
     void Node(OutputNodePtr node) override
     {
         std::visit([this](const auto& content) { Write(content); }, node->fContent);
-        FlushAtTop();
     }
 
     void End(const RunEnd& end) override
@@ -55,12 +54,6 @@ public:
     }
 
 private:
-    /// What is complete is not held back.
-    void FlushAtTop()
-    {
-        if (fDepth == 0) fOutput->Flush();
-    }
-
     void Write(const TableNode& table)
     {
         Part();

@@ -15,6 +15,8 @@ public:
     explicit XlsxWriter(const std::string& file) : fBook(file) {}
 
     void Begin(const RunStart& start) override;
+    void BeginSplit(std::size_t) override {}
+    void EndSplit() override {}
     void OpenHeading(TextRef label) override;
     void CloseHeading() override;
     void Node(OutputNodePtr node) override;

@@ -25,6 +25,8 @@ struct OutputTreeNode {
 class OutputTree : public refhost::OutputSink {
 public:
     void Begin(const refhost::RunStart&) override {}
+    void BeginSplit(std::size_t) override {}
+    void EndSplit() override {}
     void OpenHeading(refhost::TextRef label) override
     {
         Open().push_back({std::move(label), {}, {}});

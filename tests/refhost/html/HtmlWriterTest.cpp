@@ -62,7 +62,9 @@ TEST(HtmlWriter, WritesEachNodeAsItComes)
     const auto writer = MakeHtmlWriter(std::make_unique<ByteOutput>(text));
     writer->Begin({});
     EXPECT_THAT(text, HasSubstr("<main"));
+    writer->BeginSplit(0);
     writer->Node(NodeOf(PlainTable("First", {"a"})));
+    writer->EndSplit();
     EXPECT_THAT(text, HasSubstr("First</a></caption>"));
     EXPECT_THAT(text, Not(HasSubstr("</main>")));
     writer->Node(NodeOf(PlainTable("Second", {"b"})));

@@ -224,6 +224,8 @@ TEST(Heading, KeepsWhatWasWrittenWhenAnExceptionEndsTheRun)
 class FullDisk : public OutputSink {
 public:
     void Begin(const RunStart&) override {}
+    void BeginSplit(std::size_t) override {}
+    void EndSplit() override {}
     void OpenHeading(TextRef) override { Write(); }
     void CloseHeading() override { Write(); }
     void Node(OutputNodePtr) override { Write(); }
