@@ -14,6 +14,7 @@ namespace refhost {
 /// The elements of an XML document, compact: all text lies in one UTF-8 arena, names are interned,
 /// elements are numbers in document order, the root is 0. An element's descendants are those from
 /// the number behind it up to its end, so that a walk from child to child follows no pointers.
+/// Places have 32 bits; the text of a tree is bounded by that.
 class XmlTree {
 public:
     using Element = std::uint32_t;
@@ -40,8 +41,8 @@ private:
     friend class XmlTreeBuilder;
 
     struct Span {
-        std::size_t fPlace = 0;
-        std::size_t fSize = 0;
+        std::uint32_t fPlace = 0;
+        std::uint32_t fSize = 0;
     };
     struct Attribute {
         Name fName;
@@ -50,7 +51,7 @@ private:
     struct Node {
         Name fName;
         Element fEnd;
-        std::size_t fFirstAttribute;
+        std::uint32_t fFirstAttribute;
         Span fText;
     };
 

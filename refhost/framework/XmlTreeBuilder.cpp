@@ -5,6 +5,7 @@ namespace refhost {
 namespace {
 
 constexpr const char* kTooDeep = "elements nest deeper than 1000 levels";
+constexpr const char* kTooLong = "the texts are too long to be held";
 constexpr const char* kLoneSurrogate = "a character beyond what Unicode knows";
 
 }  // namespace
@@ -17,7 +18,7 @@ bool XmlTreeBuilder::StartElement(std::u16string_view name)
     if (!fTextConversion.IsWhole()) return Refuse(kLoneSurrogate);
     if (fDepth > 0) HoldText(fOpen[fDepth - 1]);
 
-    XmlTree::Node node{0, 0, fTree.fAttributes.size(), {}};
+    XmlTree::Node node{0, 0, static_cast<std::uint32_t>(fTree.fAttributes.size()), {}};
     if (!Intern(name, node.fName)) return false;
     if (fOpen.size() == fDepth) fOpen.emplace_back();
     Open& open = fOpen[fDepth++];
@@ -30,9 +31,11 @@ bool XmlTreeBuilder::StartElement(std::u16string_view name)
 
 bool XmlTreeBuilder::AddAttribute(std::u16string_view name, std::u16string_view value)
 {
-    XmlTree::Attribute attribute{0, {fTree.fArena.size(), 0}};
+    XmlTree::Attribute attribute{0, {}};
+    const std::size_t place = fTree.fArena.size();
     if (!Intern(name, attribute.fName) || !AppendWhole(value, fTree.fArena)) return false;
-    attribute.fValue.fSize = fTree.fArena.size() - attribute.fValue.fPlace;
+    if (!FitsText()) return false;
+    attribute.fValue = SpanFrom(place);
     fTree.fAttributes.push_back(attribute);
     fOpen[fDepth - 1].fTextPlace = fTree.fArena.size();
     return true;
@@ -41,7 +44,8 @@ bool XmlTreeBuilder::AddAttribute(std::u16string_view name, std::u16string_view 
 bool XmlTreeBuilder::AddText(std::u16string_view piece)
 {
     if (fDepth == 0) return true;
-    return fTextConversion.Append(piece, fTree.fArena) || Refuse(kLoneSurrogate);
+    if (!fTextConversion.Append(piece, fTree.fArena)) return Refuse(kLoneSurrogate);
+    return FitsText();
 }
 
 bool XmlTreeBuilder::EndElement()
@@ -51,9 +55,10 @@ bool XmlTreeBuilder::EndElement()
     if (!open.fHeldText.empty()) {
         HoldText(open);
         fTree.fArena += open.fHeldText;
+        if (!FitsText()) return false;
     }
     XmlTree::Node& node = fTree.fElements[open.fElement];
-    node.fText = {open.fTextPlace, fTree.fArena.size() - open.fTextPlace};
+    node.fText = SpanFrom(open.fTextPlace);
     node.fEnd = static_cast<XmlTree::Element>(fTree.fElements.size());
     if (fDepth > 0) fOpen[fDepth - 1].fTextPlace = fTree.fArena.size();
     return true;
@@ -79,6 +84,14 @@ bool XmlTreeBuilder::AppendWhole(std::u16string_view text, std::string& out)
 {
     Utf8FromUtf16 conversion;
     return (conversion.Append(text, out) && conversion.IsWhole()) || Refuse(kLoneSurrogate);
+}
+
+bool XmlTreeBuilder::FitsText() { return fTree.fArena.size() <= kMostText || Refuse(kTooLong); }
+
+XmlTree::Span XmlTreeBuilder::SpanFrom(std::size_t place) const
+{
+    return {static_cast<std::uint32_t>(place),
+            static_cast<std::uint32_t>(fTree.fArena.size() - place)};
 }
 
 void XmlTreeBuilder::HoldText(Open& open)

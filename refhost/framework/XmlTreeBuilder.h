@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+#include <limits>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -10,12 +12,15 @@
 
 namespace refhost {
 
-/// Gathers the events of a parse into a tree. False: the text is no well-formed UTF-16, or the
-/// document nests too deep, as `GetRefusal` says; the tree is then of no use.
+/// Gathers the events of a parse into a tree. False: the text is no well-formed UTF-16 or too long,
+/// or the document nests too deep, as `GetRefusal` says; the tree is then of no use.
 class XmlTreeBuilder {
 public:
     /// The root is level 1.
     static constexpr std::size_t kDeepestLevel = 1000;
+
+    /// Bytes of all texts together.
+    static constexpr std::size_t kMostText = std::numeric_limits<std::uint32_t>::max();
 
     /// `documentSize`: bytes of the whole document, about what its texts will need.
     explicit XmlTreeBuilder(std::size_t documentSize);
@@ -40,6 +45,8 @@ private:
 
     bool Intern(std::u16string_view name, XmlTree::Name& number);
     bool AppendWhole(std::u16string_view text, std::string& out);
+    bool FitsText();
+    XmlTree::Span SpanFrom(std::size_t place) const;
     void HoldText(Open& open);
     bool Refuse(const char* reason);
 

@@ -1,6 +1,8 @@
 #include "refhost/writers/JsonText.h"
 
 #include <array>
+#include <cstdint>
+#include <cstring>
 
 #include "refhost/writers/ByteOutput.h"
 #include "refhost/writers/Characters.h"
@@ -43,11 +45,32 @@ void WriteEscaped(ByteOutput& output, char byte)
     output.Put(kDigits[code & 0xFU]);
 }
 
+using Block = std::uint64_t;
+
+constexpr Block InEachByte(unsigned char byte) { return ~Block{0} / 0xFF * byte; }
+
+/// A high bit for each byte that is 0, and for some others only where one is.
+constexpr Block ZeroBytes(Block block) { return (block - InEachByte(1)) & ~block; }
+
+/// True where eight bytes are plain; found with few steps for all of them at once.
+bool IsPlainBlock(const char* bytes)
+{
+    Block block = 0;
+    std::memcpy(&block, bytes, sizeof block);
+    const Block control = (block - InEachByte(0x20)) & ~block;
+    const Block marks = ZeroBytes(block ^ InEachByte('"')) | ZeroBytes(block ^ InEachByte('\\'));
+    return ((block | control | marks) & InEachByte(0x80)) == 0;
+}
+
 /// The length of the part of a text that can be written as it stands.
 std::size_t PlainLength(std::string_view text)
 {
     std::size_t at = 0;
     while (at < text.size()) {
+        if (text.size() - at >= sizeof(Block) && IsPlainBlock(text.data() + at)) {
+            at += sizeof(Block);
+            continue;
+        }
         const ByteKind kind = KindOf(text[at]);
         if (kind == ByteKind::Escaped) break;
         if (kind == ByteKind::Plain) {
