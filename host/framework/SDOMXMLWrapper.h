@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -50,9 +49,9 @@ private:
 
     std::optional<std::string_view> FindAttribute(const char* name) const;
 
-    std::unique_ptr<Document> fOwned;  // of the loading wrapper only
-    Document* fDocument = nullptr;     // null before a document was loaded
+    Document* fDocument = nullptr;  // null before a document was loaded
     std::uint32_t fElement = 0;
+    bool fOwnsDocument = false;  // the loading wrapper only
 };
 
 /// A walk over child elements; see `SDOMXMLWrapper` for lifetimes.

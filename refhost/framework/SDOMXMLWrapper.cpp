@@ -1,6 +1,8 @@
 #include "host/framework/SDOMXMLWrapper.h"
 
 #include <cstddef>
+#include <deque>
+#include <memory>
 #include <optional>
 #include <string_view>
 #include <utility>
@@ -76,33 +78,38 @@ public:
         return &wrapper;
     }
 
-    SDOMXMLIterator* Keep(std::unique_ptr<SDOMXMLIterator> iterator)
-    {
-        fIterators.push_back(std::move(iterator));
-        return fIterators.back().get();
-    }
+    SDOMXMLIterator* NewIterator() { return &fIterators.emplace_back(this).fIterator; }
 
     const XmlTree fTree;
 
 private:
+    /// Only this class makes iterators.
+    struct KeptIterator {
+        explicit KeptIterator(Document* document) : fIterator(document) {}
+        SDOMXMLIterator fIterator;
+    };
+
     static constexpr std::size_t kBlockSize = 64;
 
     std::size_t BlockCount() const { return fTree.ElementCount() / kBlockSize + 1; }
 
     std::vector<std::unique_ptr<SDOMXMLWrapper[]>> fBlocks;
-    std::vector<std::unique_ptr<SDOMXMLIterator>> fIterators;
+    std::deque<KeptIterator> fIterators;
 };
 
 SDOMXMLWrapper::SDOMXMLWrapper() = default;
 
-SDOMXMLWrapper::~SDOMXMLWrapper() = default;
+SDOMXMLWrapper::~SDOMXMLWrapper()
+{
+    if (fOwnsDocument) delete fDocument;
+}
 
 DOMDocument* SDOMXMLWrapper::LoadFromString(const std::string& text)
 {
-    if (fDocument && !fOwned) return nullptr;  // one that was given out stands for its element
+    if (fDocument && !fOwnsDocument) return nullptr;  // given out: stands for its element
     refhost::ForgetReadFailure();
-    fDocument = nullptr;
-    fOwned.reset();
+    delete std::exchange(fDocument, nullptr);
+    fOwnsDocument = false;
 
     refhost::ReadFailure failure;
     std::optional<XmlTree> tree = refhost::ParseXml(text, failure);
@@ -110,8 +117,8 @@ DOMDocument* SDOMXMLWrapper::LoadFromString(const std::string& text)
         refhost::gLastReadFailure = std::move(failure);
         return nullptr;
     }
-    fOwned = std::make_unique<Document>(std::move(*tree));
-    fDocument = fOwned.get();
+    fDocument = std::make_unique<Document>(std::move(*tree)).release();
+    fOwnsDocument = true;
     fElement = 0;
     return fDocument;
 }
@@ -167,14 +174,14 @@ bool SDOMXMLWrapper::GetFirstElement(const char* path, SDOMXMLWrapper** out, boo
 bool SDOMXMLWrapper::GetElementIterator(const char* name, SDOMXMLIterator** out, bool) const
 {
     if (!fDocument || !name || !out) return false;
-    std::unique_ptr<SDOMXMLIterator> iterator(new SDOMXMLIterator(fDocument));
+    SDOMXMLIterator* const iterator = fDocument->NewIterator();
     const auto number = fDocument->fTree.FindName(name);
     if (number || *name == '\0') {
         iterator->fNext = fElement + 1;
         iterator->fEnd = fDocument->fTree.EndOf(fElement);
         iterator->fName = number;
     }
-    *out = fDocument->Keep(std::move(iterator));
+    *out = iterator;
     return true;
 }
 
