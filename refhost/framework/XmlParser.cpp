@@ -115,7 +115,7 @@ public:
 
     XmlTree Read(const std::string& document)
     {
-        XmlTreeBuilder builder(document.size());
+        XmlTreeBuilder builder(document);
         TreeHandler handler(builder);
         fHandler = &handler;
         setContentHandler(&handler);

@@ -1,8 +1,13 @@
 #include "refhost/framework/XmlTreeBuilder.h"
 
+#include <algorithm>
+
 namespace refhost {
 
 namespace {
+
+constexpr std::size_t kBytesOfElement = 4;    // <a/>
+constexpr std::size_t kBytesOfAttribute = 5;  // a="" and a blank
 
 constexpr const char* kTooDeep = "elements nest deeper than 1000 levels";
 constexpr const char* kTooLong = "the texts are too long to be held";
@@ -10,7 +15,16 @@ constexpr const char* kLoneSurrogate = "a character beyond what Unicode knows";
 
 }  // namespace
 
-XmlTreeBuilder::XmlTreeBuilder(std::size_t documentSize) { fTree.fArena.reserve(documentSize); }
+XmlTreeBuilder::XmlTreeBuilder(std::string_view document)
+{
+    const auto count = [document](char mark, std::size_t fewestBytes) {
+        const auto marks = std::count(document.begin(), document.end(), mark);
+        return std::min(static_cast<std::size_t>(marks), document.size() / fewestBytes);
+    };
+    fTree.fArena.reserve(document.size());
+    fTree.fElements.reserve(count('<', kBytesOfElement));
+    fTree.fAttributes.reserve(count('=', kBytesOfAttribute));
+}
 
 bool XmlTreeBuilder::StartElement(std::u16string_view name)
 {
@@ -35,7 +49,7 @@ bool XmlTreeBuilder::AddAttribute(std::u16string_view name, std::u16string_view 
     const std::size_t place = fTree.fArena.size();
     if (!Intern(name, attribute.fName) || !AppendWhole(value, fTree.fArena)) return false;
     if (!FitsText()) return false;
-    attribute.fValue = SpanFrom(place);
+    attribute.fValue = Shared(SpanFrom(place));
     fTree.fAttributes.push_back(attribute);
     fOpen[fDepth - 1].fTextPlace = fTree.fArena.size();
     return true;
@@ -92,6 +106,15 @@ XmlTree::Span XmlTreeBuilder::SpanFrom(std::size_t place) const
 {
     return {static_cast<std::uint32_t>(place),
             static_cast<std::uint32_t>(fTree.fArena.size() - place)};
+}
+
+XmlTree::Span XmlTreeBuilder::Shared(XmlTree::Span last)
+{
+    const std::string_view text = fTree.View(last);
+    XmlTree::Span& recent = fRecentValues[std::hash<std::string_view>()(text) % kRecentValues];
+    if (fTree.View(recent) != text) return recent = last;
+    fTree.fArena.resize(last.fPlace);
+    return recent;
 }
 
 void XmlTreeBuilder::HoldText(Open& open)

@@ -22,8 +22,9 @@ public:
     /// Bytes of all texts together.
     static constexpr std::size_t kMostText = std::numeric_limits<std::uint32_t>::max();
 
-    /// `documentSize`: bytes of the whole document, about what its texts will need.
-    explicit XmlTreeBuilder(std::size_t documentSize);
+    /// Makes the room that the whole document is going to need, so that no copy of what is there
+    /// has to be held while it grows.
+    explicit XmlTreeBuilder(std::string_view document);
 
     bool StartElement(std::u16string_view name);
     bool AddAttribute(std::u16string_view name, std::u16string_view value);
@@ -47,6 +48,10 @@ private:
     bool AppendWhole(std::u16string_view text, std::string& out);
     bool FitsText();
     XmlTree::Span SpanFrom(std::size_t place) const;
+
+    /// For a text at the end of the arena that was met not long ago, that one; the last one is then
+    /// given up. Names of statistics and of tables come again and again.
+    XmlTree::Span Shared(XmlTree::Span last);
     void HoldText(Open& open);
     bool Refuse(const char* reason);
 
@@ -55,6 +60,10 @@ private:
     std::size_t fDepth = 0;
     Utf8FromUtf16 fTextConversion;
     const char* fRefusal = "";
+
+    static constexpr std::size_t kRecentValues = 1024;
+    std::vector<XmlTree::Span> fRecentValues =
+        std::vector<XmlTree::Span>(kRecentValues);  // by hash
 
     struct Hash {
         using is_transparent = void;

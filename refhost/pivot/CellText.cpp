@@ -4,6 +4,7 @@
 
 #include "refhost/pivot/CompositeTemplate.h"
 #include "refhost/pivot/NumberFormats.h"
+#include "refhost/pivot/PivotProcedure.h"
 
 #include "refhost/data/DateFormats.h"
 #include "refhost/data/MissingValue.h"
@@ -39,6 +40,20 @@ std::string_view WithoutBlanksAtEnd(std::string_view text)
 {
     const std::size_t last = text.find_last_not_of(' ');
     return last == std::string_view::npos ? std::string_view() : text.substr(0, last + 1);
+}
+
+/// The text of a key. Those of the text table stand in many cells; each is made once.
+std::shared_ptr<BpCellText::Impl> KeyText(const std::string& key)
+{
+    refhost::KeptTexts* const kept = refhost::TextsOfRun();
+    if (kept) {
+        const auto known = kept->find(key);
+        if (known != kept->end()) return known->second;
+    }
+    auto text = MakeText({TextString{key, true}, refhost::TableText(key, true)});
+    if (kept && refhost::TextTable::Active().Find(refhost::TextTable::Section::Pivot, key))
+        kept->emplace(key, text);
+    return text;
 }
 
 Text NumberText(double number, const BpFormatSpec& format)
@@ -177,7 +192,7 @@ TextComposite* BpCellText::Impl::Edit()
 BpCellText BpCellText::Replicate() const { return BpCellText(std::make_shared<Impl>(*fImpl)); }
 
 BpString::BpString(const std::string& string, bool lookup)
-    : BpCellText(MakeText({TextString{string, lookup}, refhost::TableText(string, lookup)}))
+    : BpCellText(lookup ? KeyText(string) : MakeText({TextString{string, false}, string}))
 {
 }
 

@@ -1,5 +1,7 @@
 #include "refhost/pivot/PivotProcedure.h"
 
+#include <utility>
+
 #include "refhost/pivot/HeadingImpl.h"
 
 #include "refhost/document/HostRun.h"
@@ -10,23 +12,28 @@ namespace refhost {
 
 namespace {
 
-const QORT_DataSource* gFormatDataSource = nullptr;
+class RunProcedure;
 
-/// The formats' makers are static, so the data is not to be had from a handle.
+/// Makers of formats and texts have no handle of a run, so the procedure is found here.
+RunProcedure* gCurrent = nullptr;
+
 class RunProcedure final : public BpProcedure {
 public:
     explicit RunProcedure(const QORT_DataSource* source)
         : BpProcedure(std::make_unique<BpHeading::Impl>(HostRun::Current().fOutput, 0)),
-          fPrevious(gFormatDataSource)
+          fSource(source),
+          fPrevious(std::exchange(gCurrent, this))
     {
-        gFormatDataSource = source;
     }
-    ~RunProcedure() override { gFormatDataSource = fPrevious; }
+    ~RunProcedure() override { gCurrent = fPrevious; }
     RunProcedure(const RunProcedure&) = delete;
     RunProcedure& operator=(const RunProcedure&) = delete;
 
+    const QORT_DataSource* const fSource;
+    KeptTexts fKeptTexts;
+
 private:
-    const QORT_DataSource* fPrevious;
+    RunProcedure* fPrevious;
 };
 
 }  // namespace
@@ -36,7 +43,9 @@ std::unique_ptr<BpProcedure> MakeProcedure(const QORT_DataSource* source)
     return std::make_unique<RunProcedure>(source);
 }
 
-const QORT_DataSource* FormatDataSource() { return gFormatDataSource; }
+const QORT_DataSource* FormatDataSource() { return gCurrent ? gCurrent->fSource : nullptr; }
+
+KeptTexts* TextsOfRun() { return gCurrent ? &gCurrent->fKeptTexts : nullptr; }
 
 }  // namespace refhost
 

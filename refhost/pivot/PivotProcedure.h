@@ -1,6 +1,10 @@
 #pragma once
 
 #include <memory>
+#include <string>
+#include <unordered_map>
+
+#include "host/pivot/BpCellText.h"
 
 class BpProcedure;
 class QORT_DataSource;
@@ -14,5 +18,11 @@ std::unique_ptr<BpProcedure> MakeProcedure(const QORT_DataSource* source);
 
 /// The data of the procedure that is alive; null where there is none.
 const QORT_DataSource* FormatDataSource();
+
+/// Texts by the keys that gave them.
+using KeptTexts = std::unordered_map<std::string, std::shared_ptr<BpCellText::Impl>>;
+
+/// What the latest procedure keeps of the text table; null without a procedure.
+KeptTexts* TextsOfRun();
 
 }  // namespace refhost
