@@ -161,8 +161,7 @@ void JsonStream::Lines(std::string_view text)
 std::string ScriptNumber(double number)
 {
     char room[400];
-    if (const char* end = WriteShortDecimal(room, number))
-        return {room, static_cast<std::size_t>(end - room)};
+    if (char* end = WriteShortDecimal(room, number)) return {room, end};
     const double size = std::fabs(number);
     if (size >= 1e-6 && size < kAllDigitsExact) {
         return std::string(ShortestDecimal(number, std::chars_format::fixed, room));
