@@ -58,8 +58,9 @@ std::map<double, Group> GroupRows(const Panel& panel, const PlotSpace& space, co
         const auto place = space.fX.Place(x, row);
         const auto value = y.Number(row);
         if (!place || !value) continue;
-        groups[*place].fRows.push_back(row);
-        groups[*place].fValues.push_back(*value);
+        Group& group = groups[*place];
+        group.fRows.push_back(row);
+        group.fValues.push_back(*value);
     }
     return groups;
 }
@@ -101,8 +102,9 @@ std::string BoxPopup(const BoxDrawing& box)
 {
     std::string text = box.fName;
     for (const BoxPart& part : kBoxParts) {
-        const std::string name(box.fContext.fWords.*part.fName);
-        text += "\n" + NamedValue(name, box.fY.NumberText(box.fBox.*part.fNumber));
+        text += '\n';
+        AppendNamedValue(text, box.fContext.fWords.*part.fName,
+                         box.fY.NumberText(box.fBox.*part.fNumber));
     }
     return text;
 }
@@ -136,9 +138,9 @@ void AddMedian(BoxDrawing& box)
     style.fStroke = {Paint::Ink, {}};
     style.fStrokeWidth = 2.5;
     const tree::Popup* popup = FindPopup(box.fContext, box.fElement, kMedianPart);
-    const std::string text = popup ? PopupText(box.fContext, *popup, box.fGroup.fRows.front())
-                                   : NamedValue(std::string(box.fContext.fWords.fMedian),
-                                                box.fY.NumberText(box.fBox.fMedian));
+    const std::string text =
+        popup ? PopupText(box.fContext, *popup, box.fGroup.fRows.front())
+              : NamedValue(box.fContext.fWords.fMedian, box.fY.NumberText(box.fBox.fMedian));
     AddRule(box, style, kHalfBox, box.fBox.fMedian, box.fBox.fMedian, box.fName + "\n" + text);
 }
 
