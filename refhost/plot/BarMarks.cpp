@@ -89,7 +89,8 @@ private:
     std::size_t SeriesOf(std::size_t row) const
     {
         if (!fColorVariable) return 0;
-        return fSeries.Find(fColorVariable->Key(row)).value_or(fSeries.Count());
+        std::string room;
+        return fSeries.Find(fColorVariable->Key(row, room)).value_or(fSeries.Count());
     }
 };
 
