@@ -273,6 +273,7 @@ void AddBars(ChartContext& context, const tree::Element& element, const Panel& p
         std::optional<std::size_t>& layer = layerOfSeries[bar.fSeries];
         if (!layer) {
             layer = LayerAt(layers, from, MarkKind::Rect, StyleOf(context, reader, bar, panel));
+            layers[*layer].fMarks.reserve(bars.size() / layerOfSeries.size() + 1);
         }
         layers[*layer].fMarks.push_back(std::move(mark));
         AddNumber(context, reader, bar, footing, end, layers, from);

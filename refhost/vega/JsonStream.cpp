@@ -1,11 +1,11 @@
 #include "refhost/vega/JsonStream.h"
 
 #include <algorithm>
-#include <array>
 #include <charconv>
 #include <cmath>
 #include <iterator>
 
+#include "refhost/data/PlainRun.h"
 #include "refhost/data/ShortestNumber.h"
 
 namespace refhost {
@@ -51,22 +51,6 @@ std::size_t CharacterLength(std::string_view text)
     return 0;
 }
 
-/// Bytes that stand for themselves in a JSON text within a script element.
-constexpr std::array<bool, 256> kPlainBytes = [] {
-    std::array<bool, 256> plain{};
-    for (std::size_t byte = 0x20; byte < 0x80; ++byte)
-        plain[byte] = byte != '"' && byte != '\\' && byte != '<';
-    return plain;
-}();
-
-std::size_t PlainLength(std::string_view text)
-{
-    std::size_t length = 0;
-    while (length < text.size() && kPlainBytes[static_cast<unsigned char>(text[length])])
-        ++length;
-    return length;
-}
-
 std::string_view ShortestDecimal(double number, std::chars_format format, char (&room)[400])
 {
     const auto end = std::to_chars(room, room + sizeof room, number, format).ptr;
@@ -93,7 +77,7 @@ void JsonStream::Value(std::string_view text)
     Separate();
     Put('"');
     while (!text.empty()) {
-        const std::size_t plain = PlainLength(text);
+        const std::size_t plain = PlainRun<'"', '\\', '<'>(text);
         Append(text.substr(0, plain));
         text.remove_prefix(plain);
         if (!text.empty()) text.remove_prefix(AppendSpecial(text));
