@@ -5,7 +5,10 @@
 #include <charconv>
 #include <cmath>
 #include <cstddef>
+#include <cstdint>
 #include <string_view>
+
+#include "refhost/data/ShortestNumber.h"
 
 namespace refhost {
 
@@ -52,6 +55,35 @@ std::string WithPoint(const std::string& digits, int pointPlace)
     return digits.substr(0, place) + '.' + digits.substr(place);
 }
 
+/// A number of few digits, rounded without printing all the digits that it has in binary: empty
+/// where the number is larger, or so near a half of the last place that those would decide.
+std::string FewDigits(double value, int decimals)
+{
+    constexpr std::uint32_t kPowers[] = {1,       10,        100,        1000,       10'000,
+                                         100'000, 1'000'000, 10'000'000, 100'000'000};
+    constexpr double kMostUnits = 1e9;
+    constexpr double kSafely = 1e-6;  // more than the product is off
+    if (decimals < 0 || decimals >= static_cast<int>(std::size(kPowers))) return {};
+    const std::uint32_t power = kPowers[decimals];
+    const double scaled = std::fabs(value) * power;
+    if (!(scaled < kMostUnits)) return {};
+    const auto below = static_cast<std::uint32_t>(scaled);
+    const double part = scaled - below;
+    if (std::fabs(part - 0.5) < kSafely) return {};
+    const std::uint32_t units = below + (part > 0.5 ? 1 : 0);
+    char room[kLongestNumber];
+    char* end = room;
+    if (value < 0.0 && units > 0) *end++ = '-';
+    end = std::to_chars(end, room + kLongestNumber, units / power).ptr;
+    if (decimals > 0) *end++ = '.';
+    std::uint32_t rest = units % power;
+    for (std::uint32_t place = power / 10; place > 0; place /= 10) {
+        *end++ = static_cast<char>('0' + rest / place);
+        rest %= place;
+    }
+    return {room, end};
+}
+
 std::string ExponentText(int exponent)
 {
     const std::string number = std::to_string(std::abs(exponent));
@@ -83,6 +115,10 @@ DecimalDigits ShortestDigits(double value)
 
 std::string ShortText(double value, int digits)
 {
+    char room[kLongestNumber];
+    if (digits >= kShortDecimals) {
+        if (char* end = WriteShortDecimal(room, value)) return {room, end};
+    }
     if (std::isnan(value)) return "nan";
     if (std::isinf(value)) return value < 0 ? "-inf" : "inf";
 
@@ -99,6 +135,7 @@ std::string ShortText(double value, int digits)
 
 std::string FixedText(double value, int decimals)
 {
+    if (std::string text = FewDigits(value, decimals); !text.empty()) return text;
     std::string text(static_cast<std::size_t>(kMostIntegerDigits + 2 + std::max(decimals, 0)), ' ');
     const auto written = std::to_chars(text.data(), text.data() + text.size(), value,
                                        std::chars_format::fixed, std::max(decimals, 0));

@@ -8,8 +8,7 @@ namespace refhost {
 
 namespace {
 
-constexpr int kDecimals = 4;
-constexpr double kUnitsOfOne = 1e4;
+constexpr std::uint32_t kUnitsOfOne = 10'000;  // ten to the short decimals
 
 // Two decimals of at most 15 digits never share a double, so a decimal that gives the number has
 // its shortest digits.
@@ -32,11 +31,13 @@ ShortDecimal ShortDecimalOf(double number)
 char* WriteUnits(char* room, std::int64_t units)
 {
     if (units < 0) *room++ = '-';
-    char* end =
-        WriteDecimals(room, static_cast<std::uint64_t>(units < 0 ? -units : units), kDecimals);
-    while (end[-1] == '0')
-        --end;
-    return end[-1] == '.' ? end - 1 : end;
+    const auto size = static_cast<std::uint64_t>(units < 0 ? -units : units);
+    char* end = std::to_chars(room, room + kLongestNumber - 1, size / kUnitsOfOne).ptr;
+    if (size % kUnitsOfOne == 0) return end;
+    *end++ = '.';
+    for (std::uint64_t rest = size % kUnitsOfOne * 10; rest != 0; rest = rest % kUnitsOfOne * 10)
+        *end++ = static_cast<char>('0' + rest / kUnitsOfOne);
+    return end;
 }
 
 /// 0.0001 to 0.0009 and multiples of 100000 may be shorter with an exponent.
@@ -47,24 +48,6 @@ bool MayHaveExponent(std::int64_t units)
 }
 
 }  // namespace
-
-char* WriteDecimals(char* room, unsigned long long units, int decimals)
-{
-    constexpr std::size_t kMostDigits = 20;
-    char digits[kMostDigits];
-    const char* const end = std::to_chars(digits, digits + kMostDigits, units).ptr;
-    const auto count = static_cast<int>(end - digits);
-    const char* digit = digits;
-    if (count <= decimals) *room++ = '0';
-    for (int place = count; place > decimals; --place)
-        *room++ = *digit++;
-    if (decimals > 0) *room++ = '.';
-    for (int place = decimals; place > count; --place)
-        *room++ = '0';
-    while (digit != end)
-        *room++ = *digit++;
-    return room;
-}
 
 char* WriteShortDecimal(char* room, double number)
 {

@@ -14,11 +14,11 @@ char* WriteShortest(char* room, double number);
 
 void AppendShortest(std::string& out, double number);
 
-/// The shortest text of a number that has at most four decimals, never with an exponent; a zero has
+/// Decimals that a number has at most which `WriteShortDecimal` writes.
+inline constexpr int kShortDecimals = 4;
+
+/// The shortest text of a number that has so few decimals, never with an exponent; a zero has
 /// no sign. Returns the end of the text, null for other numbers.
 char* WriteShortDecimal(char* room, double number);
-
-/// So many units of the last of so many decimals, all of which are written. Returns the end.
-char* WriteDecimals(char* room, unsigned long long units, int decimals);
 
 }  // namespace refhost

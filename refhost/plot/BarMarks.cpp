@@ -1,5 +1,7 @@
 #include <cmath>
 #include <map>
+#include <optional>
+#include <string_view>
 #include <utility>
 
 #include "refhost/plot/Marks.h"
@@ -87,7 +89,8 @@ private:
     std::size_t SeriesOf(std::size_t row) const
     {
         if (!fColorVariable) return 0;
-        return fSeries.Find(fColorVariable->Key(row)).value_or(fSeries.Count());
+        std::string room;
+        return fSeries.Find(fColorVariable->Key(row, room)).value_or(fSeries.Count());
     }
 };
 
@@ -135,21 +138,36 @@ std::string BaseText(const BarReader& reader, const Bar& bar)
     return reader.fStanding.PlaceText(*reader.fBase, bar.fPlace);
 }
 
-std::string UsualPopup(const ChartContext& context, const BarReader& reader, const Bar& bar,
-                       const PlotSpace& space, const Panel& panel)
+/// What the popups of all bars of a panel share.
+struct PopupFrame {
+    std::string fPanel;  // lines that name it
+    std::string fBase;   // titles of the axes
+    std::string fValue;
+};
+
+PopupFrame FrameOf(const ChartContext& context, const tree::Element& element,
+                   const PlotSpace& space, const Panel& panel)
 {
-    std::string text;
+    PopupFrame frame;
     for (const std::string& name : panel.fName) {
-        text += name.substr(0, name.find('\n')) + "\n";
+        frame.fPanel.append(name, 0, name.find('\n')) += '\n';
     }
-    const tree::Dimension base = Other(reader.fElement.fExtent);
-    text += NamedValue(AxisTitle(context, base, space.Of(base)), BaseText(reader, bar)) + "\n";
+    const tree::Dimension base = Other(element.fExtent);
+    frame.fBase = AxisTitle(context, base, space.Of(base));
+    frame.fValue = AxisTitle(context, element.fExtent, space.Of(element.fExtent));
+    return frame;
+}
+
+std::string UsualPopup(const BarReader& reader, const Bar& bar, const PopupFrame& frame,
+                       std::string_view baseText, std::string_view valueText)
+{
+    std::string text = frame.fPanel;
+    AppendNamedValue(text, frame.fBase, baseText);
+    text += '\n';
     if (bar.fSeries < reader.fSeries.Count() && reader.fColorVariable != reader.fBase) {
-        text += reader.fSeries.All()[bar.fSeries].fLabel + "\n";
+        text.append(reader.fSeries.All()[bar.fSeries].fLabel) += '\n';
     }
-    text +=
-        NamedValue(AxisTitle(context, reader.fElement.fExtent, space.Of(reader.fElement.fExtent)),
-                   ReadableNumber(bar.fValue, bar.fValue == std::floor(bar.fValue) ? 0 : 2));
+    AppendNamedValue(text, frame.fValue, valueText);
     return text;
 }
 
@@ -227,6 +245,8 @@ void AddBars(ChartContext& context, const tree::Element& element, const Panel& p
     bool isCut = false;
     const std::vector<Bar> bars = reader.Read(panel, isCut);
     if (isCut) NoteCutMarks(context);
+    const PopupFrame frame = FrameOf(context, element, space, panel);
+    std::vector<std::optional<std::size_t>> layerOfSeries(reader.fSeries.Count() + 1);
     for (const Bar& bar : bars) {
         if (bar.fPlace != place) stacked = 0.0;
         place = bar.fPlace;
@@ -245,17 +265,26 @@ void AddBars(ChartContext& context, const tree::Element& element, const Panel& p
         if (standing.fKind == ScaleKind::Category) mark.fKey = reader.fBase->Key(bar.fRow);
         const bool isSeries = bar.fSeries < reader.fSeries.Count();
         if (isSeries) mark.fSeries = reader.fSeries.All()[bar.fSeries].fKey;
+        std::string baseText = BaseText(reader, bar);
+        std::string valueText =
+            ReadableNumber(bar.fValue, bar.fValue == std::floor(bar.fValue) ? 0 : 2);
         mark.fPopup = popup ? PopupText(context, *popup, bar.fRow)
-                            : UsualPopup(context, reader, bar, space, panel);
-        LayerOf(layers, from, MarkKind::Rect, StyleOf(context, reader, bar, panel))
-            .fMarks.push_back(std::move(mark));
+                            : UsualPopup(reader, bar, frame, baseText, valueText);
+        std::optional<std::size_t>& layer = layerOfSeries[bar.fSeries];
+        if (!layer) {
+            layer = LayerAt(layers, from, MarkKind::Rect, StyleOf(context, reader, bar, panel));
+            layers[*layer].fMarks.reserve(bars.size() / layerOfSeries.size() + 1);
+        }
+        layers[*layer].fMarks.push_back(std::move(mark));
         AddNumber(context, reader, bar, footing, end, layers, from);
 
-        std::vector<std::string> cells = {BaseText(reader, bar)};
+        std::vector<std::string> cells;
+        cells.reserve(panel.fName.size() + 3);
+        cells.push_back(std::move(baseText));
         if (reader.fColorVariable) {
             cells.push_back(isSeries ? reader.fSeries.All()[bar.fSeries].fLabel : std::string());
         }
-        cells.push_back(ReadableNumber(bar.fValue, bar.fValue == std::floor(bar.fValue) ? 0 : 2));
+        cells.push_back(std::move(valueText));
         Summarize(context, panel, std::move(cells));
     }
 }

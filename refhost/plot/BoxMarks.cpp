@@ -1,5 +1,7 @@
+#include <algorithm>
 #include <cmath>
 #include <map>
+#include <optional>
 #include <utility>
 
 #include "refhost/plot/Boxes.h"
@@ -47,7 +49,9 @@ struct BoxDrawing {
     double fPlace;
     std::size_t fFrom;  // first layer of the element
     std::vector<MarkLayer>& fLayers;
-    std::string fName;  // "Feed = casein"
+    const CategoryList& fSeries;  // of the colour, if there is one
+    std::string fName;            // "Feed = casein"
+    std::vector<std::string> fOutlierLabels;
 };
 
 std::map<double, Group> GroupRows(const Panel& panel, const PlotSpace& space, const DataVariable& x,
@@ -58,8 +62,9 @@ std::map<double, Group> GroupRows(const Panel& panel, const PlotSpace& space, co
         const auto place = space.fX.Place(x, row);
         const auto value = y.Number(row);
         if (!place || !value) continue;
-        groups[*place].fRows.push_back(row);
-        groups[*place].fValues.push_back(*value);
+        Group& group = groups[*place];
+        group.fRows.push_back(row);
+        group.fValues.push_back(*value);
     }
     return groups;
 }
@@ -101,8 +106,9 @@ std::string BoxPopup(const BoxDrawing& box)
 {
     std::string text = box.fName;
     for (const BoxPart& part : kBoxParts) {
-        const std::string name(box.fContext.fWords.*part.fName);
-        text += "\n" + NamedValue(name, box.fY.NumberText(box.fBox.*part.fNumber));
+        text += '\n';
+        AppendNamedValue(text, box.fContext.fWords.*part.fName,
+                         box.fY.NumberText(box.fBox.*part.fNumber));
     }
     return text;
 }
@@ -115,9 +121,8 @@ void AddBody(BoxDrawing& box)
     ResolvedMark mark;
     if (color) {
         const DataVariable& variable = *box.fContext.fData.Find(color->fVariable);
-        const CategoryList series(variable, box.fContext.fTree.fOrders, kMostCategories);
-        category = series.Find(variable.Key(row)).value_or(0);
         mark.fSeries = variable.Key(row);
+        category = box.fSeries.Find(mark.fSeries).value_or(0);
     }
     mark.fX = box.fPlace - kHalfBox;
     mark.fX2 = box.fPlace + kHalfBox;
@@ -136,24 +141,37 @@ void AddMedian(BoxDrawing& box)
     style.fStroke = {Paint::Ink, {}};
     style.fStrokeWidth = 2.5;
     const tree::Popup* popup = FindPopup(box.fContext, box.fElement, kMedianPart);
-    const std::string text = popup ? PopupText(box.fContext, *popup, box.fGroup.fRows.front())
-                                   : NamedValue(std::string(box.fContext.fWords.fMedian),
-                                                box.fY.NumberText(box.fBox.fMedian));
+    const std::string text =
+        popup ? PopupText(box.fContext, *popup, box.fGroup.fRows.front())
+              : NamedValue(box.fContext.fWords.fMedian, box.fY.NumberText(box.fBox.fMedian));
     AddRule(box, style, kHalfBox, box.fBox.fMedian, box.fBox.fMedian, box.fName + "\n" + text);
 }
 
-/// The label of the first row of that value that has one.
-std::string OutlierLabel(const BoxDrawing& box, double value)
+/// Where a value stands among the outliers, nothing where it is none.
+std::optional<std::size_t> OutlierPlace(const BoxNumbers& box, double value)
 {
-    if (box.fElement.fLabelings.empty()) return {};
+    const auto found = std::lower_bound(box.fOutliers.begin(), box.fOutliers.end(), value);
+    if (found == box.fOutliers.end() || *found != value) return std::nullopt;
+    return static_cast<std::size_t>(found - box.fOutliers.begin());
+}
+
+/// Of each outlier the label of the first row of that value that has one.
+std::vector<std::string> OutlierLabels(const BoxDrawing& box)
+{
+    std::vector<std::string> labels(box.fBox.fOutliers.size());
+    if (labels.empty() || box.fElement.fLabelings.empty()) return labels;
     const DataVariable* variable =
         box.fContext.fData.Find(box.fElement.fLabelings.back().fVariable);
-    if (!variable) return {};
+    if (!variable) return labels;
+    std::vector<bool> isLabelled(labels.size());
     for (std::size_t at = 0; at < box.fGroup.fRows.size(); ++at) {
+        const auto place = OutlierPlace(box.fBox, box.fGroup.fValues[at]);
         const std::size_t row = box.fGroup.fRows[at];
-        if (box.fGroup.fValues[at] == value && !variable->IsAbsent(row)) return variable->Text(row);
+        if (!place || isLabelled[*place] || variable->IsAbsent(row)) continue;
+        isLabelled[*place] = true;
+        labels[*place] = variable->Text(row);
     }
-    return {};
+    return labels;
 }
 
 /// The outliers that are named: all of a few, else the farthest from the median.
@@ -176,7 +194,9 @@ void AddOutlierNames(BoxDrawing& box, double range)
         ResolvedMark mark;
         mark.fX = box.fPlace;
         mark.fY = value;
-        mark.fText = OutlierLabel(box, value);
+        if (const auto place = OutlierPlace(box.fBox, value)) {
+            mark.fText = box.fOutlierLabels[*place];
+        }
         if (mark.fText.empty()) continue;
         const bool isClose = value - before < range * kCloseLabels;
         isLeft = !isLeft && isClose;
@@ -199,18 +219,21 @@ void AddOutliers(BoxDrawing& box)
     style.fStroke = {Paint::Outline, {}};
     style.fFill = {Paint::Ground, {}};
     style.fStrokeWidth = 1.3;
-    for (const double value : box.fBox.fOutliers) {
-        ResolvedMark mark;
-        mark.fX = box.fPlace;
-        mark.fY = value;
-        mark.fKey = box.fX.Key(box.fGroup.fRows.front());
-        mark.fPopup = box.fName + "\n" + NamedValue(box.fY.Title(), box.fY.NumberText(value));
-        if (const std::string label = OutlierLabel(box, value); !label.empty()) {
-            mark.fPopup += "\n" + label;
-        }
-        MarkLayer& layer = LayerOf(box.fLayers, box.fFrom, MarkKind::Point, style);
+    const std::vector<double>& outliers = box.fBox.fOutliers;
+    if (outliers.empty()) return;
+    const std::string key = box.fX.Key(box.fGroup.fRows.front());
+    const std::string title = box.fY.Title();
+    MarkLayer& layer = LayerOf(box.fLayers, box.fFrom, MarkKind::Point, style);
+    for (std::size_t place = 0; place < outliers.size(); ++place) {
         if (layer.fMarks.size() >= kMostMarks) return NoteCutMarks(box.fContext);
-        layer.fMarks.push_back(std::move(mark));
+        ResolvedMark& mark = layer.fMarks.emplace_back();
+        mark.fX = box.fPlace;
+        mark.fY = outliers[place];
+        mark.fKey = key;
+        mark.fPopup = box.fName + '\n';
+        AppendNamedValue(mark.fPopup, title, box.fY.NumberText(mark.fY));
+        const std::string& label = box.fOutlierLabels[place];
+        if (!label.empty()) mark.fPopup.append("\n").append(label);
     }
 }
 
@@ -250,13 +273,28 @@ void AddBoxes(ChartContext& context, const tree::Element& element, const Panel& 
     const std::map<double, Group> groups = GroupRows(panel, space, *x, *y);
     const Extent range = RangeOf(groups);
     const std::size_t from = layers.size();
+    const tree::Color* color = ColorOf(context, element);
+    const CategoryList series = color ? CategoryList(*context.fData.Find(color->fVariable),
+                                                     context.fTree.fOrders, kMostCategories)
+                                      : CategoryList();
+    const std::string title = AxisTitle(context, tree::Dimension::X, space.fX);
     std::vector<BoxDrawing> drawings;
     for (const auto& [place, group] : groups) {
         const auto box = SummarizeBox(group.fValues);
         if (!box) continue;
-        drawings.push_back({context, element, *x, *y, group, *box, place, from, layers,
-                            NamedValue(AxisTitle(context, tree::Dimension::X, space.fX),
-                                       space.fX.PlaceText(*x, place))});
+        drawings.push_back({context,
+                            element,
+                            *x,
+                            *y,
+                            group,
+                            *box,
+                            place,
+                            from,
+                            layers,
+                            series,
+                            NamedValue(title, space.fX.PlaceText(*x, place)),
+                            {}});
+        drawings.back().fOutlierLabels = OutlierLabels(drawings.back());
         SummarizeBoxRow(drawings.back(), panel, space);
         space.fX.fExtent.Take(place - 0.5);
         space.fX.fExtent.Take(place + 0.5);
@@ -276,7 +314,7 @@ void AddBoxes(ChartContext& context, const tree::Element& element, const Panel& 
         AddOutlierNames(drawing, range.fHigh - range.fLow);
     }
     if (context.fSummary.fColumns.empty()) {
-        context.fSummary.fColumns.push_back(AxisTitle(context, tree::Dimension::X, space.fX));
+        context.fSummary.fColumns.push_back(title);
         for (const BoxPart& part : kBoxParts) {
             context.fSummary.fColumns.emplace_back(context.fWords.*part.fName);
         }

@@ -18,10 +18,15 @@ struct HeldKeys {
 HeldKeys KeysOf(const DataVariable& variable)
 {
     HeldKeys keys;
+    std::string room;
     for (std::size_t row = 0; row < variable.Rows(); ++row) {
         if (variable.IsAbsent(row)) continue;
-        std::string key = variable.Key(row);
-        if (keys.fFirstRows.emplace(key, row).second) keys.fInOrder.push_back(std::move(key));
+        const std::string_view key = variable.Key(row, room);
+        if (!keys.fInOrder.empty() && keys.fInOrder.back() == key) continue;  // as rows often stand
+        const auto place = keys.fFirstRows.lower_bound(key);
+        if (place != keys.fFirstRows.end() && place->first == key) continue;
+        keys.fInOrder.emplace_back(key);
+        keys.fFirstRows.emplace_hint(place, key, row);
     }
     return keys;
 }
@@ -65,7 +70,7 @@ void CategoryList::Add(const std::string& key, std::string label, std::size_t mo
     fCategories.push_back({key, std::move(label)});
 }
 
-std::optional<std::size_t> CategoryList::Find(const std::string& key) const
+std::optional<std::size_t> CategoryList::Find(std::string_view key) const
 {
     const auto found = fPlaces.find(key);
     return found == fPlaces.end() ? std::nullopt : std::optional(found->second);

@@ -4,6 +4,7 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "refhost/plot/ResolvedChart.h"
@@ -27,7 +28,7 @@ public:
     const std::vector<CategoryLabel>& All() const { return fCategories; }
 
     /// Nothing for a key without a place.
-    std::optional<std::size_t> Find(const std::string& key) const;
+    std::optional<std::size_t> Find(std::string_view key) const;
 
     /// How many categories have no place.
     std::size_t Cut() const { return fCut; }

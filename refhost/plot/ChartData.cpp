@@ -78,7 +78,7 @@ const ChartValue& DataVariable::Value(std::size_t row) const
 bool DataVariable::IsAbsent(std::size_t row) const
 {
     const ChartValue& value = Value(row);
-    if (fDerived && !fDerived->fCases.empty()) return Key(row).empty();
+    if (fDerived && !fDerived->fCases.empty()) return CaseOf(value).empty();
     if (const auto* number = std::get_if<double>(&value)) return IsUntold(*number);
     return std::holds_alternative<std::monostate>(value);
 }
@@ -103,22 +103,34 @@ double DataVariable::HostDate(double raw) const
     return std::fabs(raw) < least ? HostNumber(raw, fDate->fType) : raw;
 }
 
-std::string DataVariable::Key(std::size_t row) const
+/// Of a variable with cases, the first that the number meets.
+std::string_view DataVariable::CaseOf(const ChartValue& value) const
+{
+    const auto* number = std::get_if<double>(&value);
+    if (!number || IsUntold(*number)) return {};
+    for (const tree::DerivedCase& test : fDerived->fCases) {
+        if (test.fAbove && !(*number > *test.fAbove)) continue;
+        if (test.fBelow && !(*number < *test.fBelow)) continue;
+        return test.fValue;
+    }
+    return {};
+}
+
+std::string_view DataVariable::Key(std::size_t row, std::string& room) const
 {
     const ChartValue& value = Value(row);
+    if (fDerived && !fDerived->fCases.empty()) return CaseOf(value);
+    if (const auto* text = std::get_if<std::string>(&value)) return *text;
     const auto* number = std::get_if<double>(&value);
-    if (fDerived && !fDerived->fCases.empty()) {
-        if (!number || IsUntold(*number)) return {};
-        for (const tree::DerivedCase& test : fDerived->fCases) {
-            if (test.fAbove && !(*number > *test.fAbove)) continue;
-            if (test.fBelow && !(*number < *test.fBelow)) continue;
-            return test.fValue;
-        }
-        return {};
-    }
-    if (number) return IsUntold(*number) ? std::string() : ExactText(*number);
-    const auto* text = std::get_if<std::string>(&value);
-    return text ? *text : std::string();
+    if (!number || IsUntold(*number)) return {};
+    room = ExactText(*number);
+    return room;
+}
+
+std::string DataVariable::Key(std::size_t row) const
+{
+    std::string room;
+    return std::string(Key(row, room));
 }
 
 const std::string* DataVariable::Relabel(std::string_view key) const
@@ -165,15 +177,16 @@ std::string DataVariable::FormattedNumber(double raw) const
 
 std::string DataVariable::Text(std::size_t row) const
 {
-    const std::string key = Key(row);
+    std::string room;
+    const std::string_view key = Key(row, room);
     if (const std::string* relabel = Relabel(key)) return *relabel;
     const auto* number = std::get_if<double>(&Value(row));
     if (IsAbsent(row)) return {};
-    const std::string prefix = fSettings ? fSettings->fPrefix : std::string();
+    std::string text = fSettings ? fSettings->fPrefix : std::string();
     if (number && !(fDerived && !fDerived->fCases.empty())) {
-        return prefix + FormattedNumber(HostDate(*number));
+        return text.append(FormattedNumber(HostDate(*number)));
     }
-    return prefix + key;
+    return text.append(key);
 }
 
 std::string DataVariable::NumberText(double number) const

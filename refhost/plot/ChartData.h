@@ -34,6 +34,9 @@ public:
     /// absent.
     std::string Key(std::size_t row) const;
 
+    /// The same without a copy where the data hold it as it is; else it stands in `room`.
+    std::string_view Key(std::size_t row, std::string& room) const;
+
     /// What a reader sees of the value: its relabel, or itself by format and prefix.
     std::string Text(std::size_t row) const;
 
@@ -59,6 +62,7 @@ private:
     friend class ChartData;
 
     const ChartValue& Value(std::size_t row) const;
+    std::string_view CaseOf(const ChartValue& value) const;
     const std::string* Relabel(std::string_view key) const;
     std::string FormattedNumber(double raw) const;
     double HostDate(double raw) const;

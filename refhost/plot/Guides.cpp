@@ -136,7 +136,7 @@ FrameSize ContentOf(const ChartContext& context, const std::vector<PlacedGuide>&
         const std::string text = label.Shown();
         const double sample = GuideOf(context, guides, label) ? kSample + kSampleGap : 0.0;
         size.fWidth = std::max(size.fWidth, TextBlockWidth(text, kFontSize) + sample);
-        size.fHeight += kLine * static_cast<double>(TextLines(text).size());
+        size.fHeight += kLine * static_cast<double>(CountLines(text));
     }
     return size;
 }
@@ -249,7 +249,7 @@ void AddLabelFrames(const ChartContext& context, const std::vector<PlacedGuide>&
             style.fFontSize = kFontSize;
             style.fHalo = !isOutside && !guides.empty();
             plot.fLayers.push_back(TextLayer(style, guide ? x + kSample + kSampleGap : x, y, text));
-            y += kLine * static_cast<double>(TextLines(text).size());
+            y += kLine * static_cast<double>(CountLines(text));
         }
     }
 }

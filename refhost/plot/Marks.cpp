@@ -9,16 +9,23 @@ constexpr std::size_t kMostSummaryRows = 1000;
 
 }  // namespace
 
-MarkLayer& LayerOf(std::vector<MarkLayer>& layers, std::size_t from, MarkKind kind,
-                   const MarkStyle& style)
+std::size_t LayerAt(std::vector<MarkLayer>& layers, std::size_t from, MarkKind kind,
+                    const MarkStyle& style)
 {
-    for (std::size_t layer = from; layer < layers.size(); ++layer) {
-        if (layers[layer].fKind == kind && layers[layer].fStyle == style) return layers[layer];
+    std::size_t place = from;
+    for (; place < layers.size(); ++place) {
+        if (layers[place].fKind == kind && layers[place].fStyle == style) return place;
     }
     MarkLayer& layer = layers.emplace_back();
     layer.fKind = kind;
     layer.fStyle = style;
-    return layer;
+    return place;
+}
+
+MarkLayer& LayerOf(std::vector<MarkLayer>& layers, std::size_t from, MarkKind kind,
+                   const MarkStyle& style)
+{
+    return layers[LayerAt(layers, from, kind, style)];
 }
 
 void NoteCutMarks(ChartContext& context)

@@ -44,6 +44,10 @@ void AddCurve(ChartContext& context, const tree::Element& element, const BarTota
 MarkLayer& LayerOf(std::vector<MarkLayer>& layers, std::size_t from, MarkKind kind,
                    const MarkStyle& style);
 
+/// Its place in the list.
+std::size_t LayerAt(std::vector<MarkLayer>& layers, std::size_t from, MarkKind kind,
+                    const MarkStyle& style);
+
 /// Says that an element has more marks than are drawn.
 void NoteCutMarks(ChartContext& context);
 

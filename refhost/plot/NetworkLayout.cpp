@@ -20,18 +20,33 @@ struct Point {
     double fY = 0.0;
 };
 
-/// Wanted distance of each pair; pairs without an edge are the most alike.
-std::vector<double> WantedDistances(std::size_t count, const std::vector<NetworkEdge>& edges)
+/// Two nodes, how far apart they should stand, and how much that counts: the nearer, the more.
+struct Pair {
+    std::size_t fFirst;
+    std::size_t fSecond;
+    double fWanted;
+    double fWeight;
+};
+
+/// Every pair of nodes; pairs without an edge are the most alike.
+std::vector<Pair> PairsOf(std::size_t count, const std::vector<NetworkEdge>& edges)
 {
     std::vector<double> distances(count * count, kNearest);
     for (const NetworkEdge& edge : edges) {
         if (edge.fFrom >= count || edge.fTo >= count || edge.fFrom == edge.fTo) continue;
         const double weight = edge.fWeight >= 1.0 ? edge.fWeight : 1.0;
-        const double distance = kNearest + kSpread / std::sqrt(weight);
-        distances[edge.fFrom * count + edge.fTo] = distance;
-        distances[edge.fTo * count + edge.fFrom] = distance;
+        const auto [first, second] = std::minmax(edge.fFrom, edge.fTo);
+        distances[first * count + second] = kNearest + kSpread / std::sqrt(weight);
     }
-    return distances;
+    std::vector<Pair> pairs;
+    pairs.reserve(count * (count - 1) / 2);
+    for (std::size_t first = 0; first < count; ++first) {
+        for (std::size_t second = first + 1; second < count; ++second) {
+            const double wanted = distances[first * count + second];
+            pairs.push_back({first, second, wanted, 1.0 / (wanted * wanted)});
+        }
+    }
+    return pairs;
 }
 
 std::vector<Point> OnCircle(std::size_t count)
@@ -45,29 +60,43 @@ std::vector<Point> OnCircle(std::size_t count)
     return points;
 }
 
-/// A round moves every node to where its distances would have it, weighted by closeness.
-void Majorize(std::vector<Point>& points, const std::vector<double>& distances)
+/// Where every node's distances would have it, weighted by closeness.
+void SumWantedPlaces(const std::vector<Point>& points, const std::vector<Pair>& pairs,
+                     std::vector<Point>& sums)
 {
-    const std::size_t count = points.size();
-    std::vector<Point> next(count);
-    for (int round = 0; round < kRounds; ++round) {
-        for (std::size_t node = 0; node < count; ++node) {
-            Point sum;
-            double weights = 0.0;
-            for (std::size_t other = 0; other < count; ++other) {
-                if (other == node) continue;
-                const double wanted = distances[node * count + other];
-                const double dx = points[node].fX - points[other].fX;
-                const double dy = points[node].fY - points[other].fY;
-                const double apart = std::max(std::hypot(dx, dy), 1e-9);
-                const double weight = 1.0 / (wanted * wanted);
-                sum.fX += weight * (points[other].fX + wanted * dx / apart);
-                sum.fY += weight * (points[other].fY + wanted * dy / apart);
-                weights += weight;
-            }
-            next[node] = {sum.fX / weights, sum.fY / weights};
+    sums.assign(points.size(), {});
+    for (const Pair& pair : pairs) {
+        const Point& first = points[pair.fFirst];
+        const Point& second = points[pair.fSecond];
+        const double dx = first.fX - second.fX, dy = first.fY - second.fY;
+        const double apart = std::max(std::hypot(dx, dy), 1e-9);
+        const double wantedX = pair.fWanted * dx / apart, wantedY = pair.fWanted * dy / apart;
+        sums[pair.fFirst].fX += pair.fWeight * (second.fX + wantedX);
+        sums[pair.fFirst].fY += pair.fWeight * (second.fY + wantedY);
+        sums[pair.fSecond].fX += pair.fWeight * (first.fX - wantedX);
+        sums[pair.fSecond].fY += pair.fWeight * (first.fY - wantedY);
+    }
+}
+
+/// Moves all nodes in rounds, until none moves: the last digits settle how a network without a main
+/// axis is turned.
+void Majorize(std::vector<Point>& points, const std::vector<Pair>& pairs)
+{
+    std::vector<double> weights(points.size());
+    for (const Pair& pair : pairs) {
+        weights[pair.fFirst] += pair.fWeight;
+        weights[pair.fSecond] += pair.fWeight;
+    }
+    std::vector<Point> sums;
+    bool moves = true;
+    for (int round = 0; round < kRounds && moves; ++round) {
+        SumWantedPlaces(points, pairs, sums);
+        moves = false;
+        for (std::size_t node = 0; node < points.size(); ++node) {
+            const Point next{sums[node].fX / weights[node], sums[node].fY / weights[node]};
+            moves |= next.fX != points[node].fX || next.fY != points[node].fY;
+            points[node] = next;
         }
-        points.swap(next);
     }
 }
 
@@ -180,7 +209,7 @@ NetworkPlan LayOutNetwork(const std::vector<NodeRoom>& nodes, const std::vector<
     if (nodes.empty()) return plan;
     std::vector<Point> points = OnCircle(nodes.size());
     if (nodes.size() > 1) {
-        Majorize(points, WantedDistances(nodes.size(), edges));
+        Majorize(points, PairsOf(nodes.size(), edges));
         TurnToMainAxis(points, lying);
     }
     for (int growth = 0; growth < kGrowths; ++growth) {

@@ -103,7 +103,7 @@ std::vector<NodeRoom> RoomsOf(const std::vector<Node>& nodes)
     std::vector<NodeRoom> rooms;
     for (const Node& node : nodes) {
         const double half = TextBlockWidth(node.fLabel, kFontSize) * kBoldness / 2;
-        const auto lines = static_cast<double>(TextLines(node.fLabel).size());
+        const auto lines = static_cast<double>(CountLines(node.fLabel));
         rooms.push_back({std::max(kNodeRadius, half), kNodeRadius, kLabelGap + kLine * lines});
     }
     return rooms;

@@ -68,7 +68,7 @@ double TitleStrip(const tree::Axis* axis, const PlotDirection& direction)
     if (!axis) return 0.0;
     const std::string title = TitleOf(*axis, direction);
     if (title.empty()) return 0.0;
-    return kTitleStrip + kHeaderLine * static_cast<double>(TextLines(title).size() - 1);
+    return kTitleStrip + kHeaderLine * static_cast<double>(CountLines(title) - 1);
 }
 
 double WidestLabel(const std::vector<AxisTick>& ticks)
@@ -294,7 +294,10 @@ PanelLayout LayOutPanels(const ChartContext& context, const PanelGrid& grid, con
 {
     // Headers are wrapped to the plots' width; their lines then take from the plots' height.
     PanelLayout layout = LayOut(context, grid, space, 2 * kLabelLimit);
-    layout = LayOut(context, grid, space, layout.fPlotWidth + layout.fColumnSpacing - kLabelAir);
+    if (!grid.fColumnHeaders.empty()) {
+        const double room = layout.fPlotWidth + layout.fColumnSpacing - kLabelAir;
+        layout = LayOut(context, grid, space, room);
+    }
     layout.fSideHeaders = WrapHeaders(
         grid.fRowHeaders, grid.fAlternates ? kSideHeaderRoom : layout.fPlotHeight - kLabelAir / 2,
         grid.fAlternates ? kNameLines : kSideNameLines);

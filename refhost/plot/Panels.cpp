@@ -29,8 +29,9 @@ PanelHeader HeaderOf(const ChartContext& context, const FacetValues& facet,
     if (feed < category.fLabel.size()) header.fMore = category.fLabel.substr(feed + 1);
     const DataVariable* more = context.fData.Find(facet.fFacet->fHeader);
     if (!more) return header;
+    std::string room;
     for (std::size_t row = 0; row < facet.fVariable->Rows(); ++row) {
-        if (facet.fVariable->Key(row) != category.fKey || more->IsAbsent(row)) continue;
+        if (facet.fVariable->Key(row, room) != category.fKey || more->IsAbsent(row)) continue;
         const std::string text = more->Text(row);
         if (text == category.fLabel) break;
         header.fMore += (header.fMore.empty() ? "" : "\n") + text;
@@ -69,7 +70,8 @@ std::string NameOf(const FacetValues& facet)
 std::optional<std::size_t> PlaceOf(const FacetValues& facet, std::size_t row)
 {
     if (!facet.fVariable) return 0;
-    return facet.fCategories.Find(facet.fVariable->Key(row));
+    std::string room;
+    return facet.fCategories.Find(facet.fVariable->Key(row, room));
 }
 
 /// Rows of the longest source that an element reads.

@@ -110,7 +110,8 @@ std::optional<double> PlotDirection::Place(const DataVariable& variable, std::si
 {
     if (variable.IsAbsent(row)) return std::nullopt;
     if (fKind != ScaleKind::Category) return variable.Number(row);
-    const auto category = fCategories.Find(variable.Key(row));
+    std::string room;
+    const auto category = fCategories.Find(variable.Key(row, room));
     return category ? std::optional(static_cast<double>(*category)) : std::nullopt;
 }
 

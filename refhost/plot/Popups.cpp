@@ -48,9 +48,17 @@ std::string PopupText(const ChartContext& context, const tree::Popup& popup, std
     return shown;
 }
 
-std::string NamedValue(const std::string& name, const std::string& text)
+std::string NamedValue(std::string_view name, std::string_view text)
 {
-    return name.empty() ? text : name + " = " + text;
+    std::string named;
+    AppendNamedValue(named, name, text);
+    return named;
+}
+
+void AppendNamedValue(std::string& out, std::string_view name, std::string_view text)
+{
+    if (!name.empty()) out.append(name).append(" = ");
+    out.append(text);
 }
 
 }  // namespace refhost

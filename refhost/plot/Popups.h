@@ -16,6 +16,7 @@ const tree::Popup* FindPopup(const ChartContext& context, const tree::Element& e
 std::string PopupText(const ChartContext& context, const tree::Popup& popup, std::size_t row);
 
 /// "name = text", or the text alone without a name.
-std::string NamedValue(const std::string& name, const std::string& text);
+std::string NamedValue(std::string_view name, std::string_view text);
+void AppendNamedValue(std::string& out, std::string_view name, std::string_view text);
 
 }  // namespace refhost

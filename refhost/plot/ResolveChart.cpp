@@ -137,7 +137,7 @@ void AddCaption(const std::string& caption, bool isCrowded, ResolvedPlot& plot)
         const std::size_t cut = caption.find_last_of("\n ");
         if (cut != std::string::npos) mark.fText = caption.substr(cut + 1);
     }
-    const auto lines = static_cast<double>(TextLines(mark.fText).size());
+    const auto lines = static_cast<double>(CountLines(mark.fText));
     mark.fX = plot.fWidth / 2;
     mark.fY = plot.fHeight / 2 - (lines - 1.0) * kCaptionFont * 0.7;
     layer.fMarks.push_back(std::move(mark));

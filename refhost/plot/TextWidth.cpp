@@ -1,13 +1,19 @@
 #include "refhost/plot/TextWidth.h"
 
 #include <algorithm>
+#include <array>
 
 namespace refhost {
 namespace {
 
-/// Of the font's size; by the widest of the usual fonts of pages.
-double CharacterWidth(unsigned char lead)
+constexpr std::string_view kEllipsis = "\xE2\x80\xA6";
+
+constexpr bool IsContinuation(unsigned char byte) { return (byte & 0xC0) == 0x80; }
+
+/// By the first byte of a character, of the font's size; by the widest of the usual fonts of pages.
+constexpr double CharacterWidth(unsigned char lead)
 {
+    if (IsContinuation(lead)) return 0.0;
     if (lead >= 0xE3) return 1.0;  // scripts whose characters fill a square, and symbols
     if (lead >= 0x80) return 0.65;
     constexpr std::string_view kNarrow = " !'(),./:;I[]`fijlrt|";
@@ -16,9 +22,12 @@ double CharacterWidth(unsigned char lead)
     return kWide.find(static_cast<char>(lead)) != std::string_view::npos ? 0.9 : 0.65;
 }
 
-constexpr std::string_view kEllipsis = "\xE2\x80\xA6";
-
-bool IsContinuation(unsigned char byte) { return (byte & 0xC0) == 0x80; }
+constexpr std::array<double, 256> kWidths = [] {
+    std::array<double, 256> widths{};
+    for (std::size_t byte = 0; byte < widths.size(); ++byte)
+        widths[byte] = CharacterWidth(static_cast<unsigned char>(byte));
+    return widths;
+}();
 
 /// Words with the comma behind them; a blank before a word is part of it.
 std::vector<std::string_view> WordsOf(std::string_view line)
@@ -62,8 +71,7 @@ double TextWidth(std::string_view line, double fontSize)
 {
     double width = 0.0;
     for (const char c : line) {
-        const auto byte = static_cast<unsigned char>(c);
-        if (!IsContinuation(byte)) width += CharacterWidth(byte);
+        width += kWidths[static_cast<unsigned char>(c)];
     }
     return width * fontSize;
 }
@@ -71,17 +79,19 @@ double TextWidth(std::string_view line, double fontSize)
 double TextBlockWidth(std::string_view text, double fontSize)
 {
     double width = 0.0;
-    for (const std::string& line : TextLines(text)) {
-        width = std::max(width, TextWidth(line, fontSize));
+    while (true) {
+        const std::size_t end = text.find('\n');
+        width = std::max(width, TextWidth(text.substr(0, end), fontSize));
+        if (end == std::string_view::npos) return width;
+        text.remove_prefix(end + 1);
     }
-    return width;
 }
 
 std::vector<std::string> WrapText(std::string_view text, double fontSize, double room,
                                   std::size_t mostLines)
 {
     std::vector<std::string> lines;
-    for (const std::string& given : TextLines(text)) {
+    for (const std::string_view given : TextLines(text)) {
         lines.emplace_back();
         for (const std::string_view word : WordsOf(given)) {
             std::string& line = lines.back();
@@ -108,16 +118,21 @@ std::vector<std::string> WrapText(std::string_view text, double fontSize, double
     return lines;
 }
 
-std::vector<std::string> TextLines(std::string_view text)
+std::size_t CountLines(std::string_view text)
 {
-    std::vector<std::string> lines;
+    return 1 + static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n'));
+}
+
+std::vector<std::string_view> TextLines(std::string_view text)
+{
+    std::vector<std::string_view> lines;
     for (std::size_t from = 0;;) {
         const std::size_t to = text.find('\n', from);
         if (to == std::string_view::npos) {
-            lines.emplace_back(text.substr(from));
+            lines.push_back(text.substr(from));
             return lines;
         }
-        lines.emplace_back(text.substr(from, to - from));
+        lines.push_back(text.substr(from, to - from));
         from = to + 1;
     }
 }

@@ -15,7 +15,10 @@ double TextWidth(std::string_view line, double fontSize);
 double TextBlockWidth(std::string_view text, double fontSize);
 
 /// The lines of a text, parted by line feeds. Never empty.
-std::vector<std::string> TextLines(std::string_view text);
+std::vector<std::string_view> TextLines(std::string_view text);
+
+/// How many they are.
+std::size_t CountLines(std::string_view text);
 
 /// The text in lines of at most `room` pixels, broken at its own line feeds, at blanks and behind
 /// commas; what doesn't fit into `mostLines` lines, and a word that is wider, ends with an

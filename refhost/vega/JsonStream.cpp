@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
-#include <cstddef>
-#include <cstdint>
+#include <iterator>
+
+#include "refhost/data/PlainRun.h"
+#include "refhost/data/ShortestNumber.h"
 
 namespace refhost {
 namespace {
@@ -49,28 +51,6 @@ std::size_t CharacterLength(std::string_view text)
     return 0;
 }
 
-/// Empty where the text is whole as it is.
-std::string Repaired(std::string_view text)
-{
-    std::string repaired;
-    std::size_t good = 0;
-    for (std::size_t at = 0; at < text.size();) {
-        if (const std::size_t length = CharacterLength(text.substr(at)); length != 0) {
-            at += length;
-            continue;
-        }
-        repaired.append(text.substr(good, at - good)).append(kReplacement);
-        good = ++at;
-    }
-    if (good != 0) repaired.append(text.substr(good));
-    return repaired;
-}
-
-rapidjson::SizeType Size(std::string_view text)
-{
-    return static_cast<rapidjson::SizeType>(text.size());
-}
-
 std::string_view ShortestDecimal(double number, std::chars_format format, char (&room)[400])
 {
     const auto end = std::to_chars(room, room + sizeof room, number, format).ptr;
@@ -79,64 +59,94 @@ std::string_view ShortestDecimal(double number, std::chars_format format, char (
 
 }  // namespace
 
-void JsonStream::Key(std::string_view name)
+void JsonStream::Grow(std::size_t bytes)
 {
-    const std::string repaired = Repaired(name);
-    const std::string_view whole = repaired.empty() ? name : std::string_view(repaired);
-    fWriter.Key(whole.data(), Size(whole));
+    constexpr std::size_t kPiece = 4096;
+    fOut.resize(fUsed + bytes + kPiece);
+}
+
+void JsonStream::ForeignKey(std::string_view name)
+{
+    Value(name);
+    Put(':');
+    fIsBehindValue = false;
 }
 
 void JsonStream::Value(std::string_view text)
 {
-    const std::string repaired = Repaired(text);
-    const std::string_view whole = repaired.empty() ? text : std::string_view(repaired);
-    fWriter.String(whole.empty() ? "" : whole.data(), Size(whole));
+    Separate();
+    Put('"');
+    while (!text.empty()) {
+        const std::size_t plain = PlainRun<'"', '\\', '<'>(text);
+        Append(text.substr(0, plain));
+        text.remove_prefix(plain);
+        if (!text.empty()) text.remove_prefix(AppendSpecial(text));
+    }
+    Put('"');
+    fIsBehindValue = true;
+}
+
+std::size_t JsonStream::AppendSpecial(std::string_view text)
+{
+    constexpr std::string_view kLetters =
+        "\"\"\\\\\bb\ff\nn\rr\tt";  // each with what stands for it
+    constexpr std::string_view kHex = "0123456789ABCDEF";
+    const auto byte = static_cast<unsigned char>(text.front());
+    if (byte >= 0x80) {
+        const std::size_t length = CharacterLength(text);
+        Append(length == 0 ? kReplacement : text.substr(0, length));
+        return std::max<std::size_t>(1, length);
+    }
+    if (byte == '<') {
+        Append("\\u003c");
+        return 1;
+    }
+    for (std::size_t at = 0; at < kLetters.size(); at += 2) {
+        if (kLetters[at] != text.front()) continue;
+        Put('\\');
+        Put(kLetters[at + 1]);
+        return 1;
+    }
+    Append("\\u00");
+    Put(kHex[byte / 16]);
+    Put(kHex[byte % 16]);
+    return 1;
 }
 
 void JsonStream::Value(double number)
 {
     if (!std::isfinite(number)) return Null();
-    char room[40];
-    const auto end = std::to_chars(room, room + sizeof room, number).ptr;
-    fWriter.RawValue(room, static_cast<std::size_t>(end - room), rapidjson::kNumberType);
+    Separate();
+    fUsed = static_cast<std::size_t>(WriteShortest(Room(kLongestNumber), number) - fOut.data());
+    fIsBehindValue = true;
 }
 
-void JsonStream::Object(std::string_view json)
+void JsonStream::Value(int number)
 {
-    fWriter.RawValue(json.data(), json.size(), rapidjson::kObjectType);
+    Separate();
+    char* room = Room(kLongestNumber);
+    fUsed = static_cast<std::size_t>(std::to_chars(room, room + kLongestNumber, number).ptr -
+                                     fOut.data());
+    fIsBehindValue = true;
 }
 
 void JsonStream::Lines(std::string_view text)
 {
-    const std::vector<std::string> lines = SplitLines(text);
-    if (lines.size() == 1) return Value(std::string_view(lines.front()));
+    if (text.find_first_of("\n\r\xE2") == std::string_view::npos) return Value(text);
+    const std::vector<std::string_view> lines = SplitLines(text);
+    if (lines.size() == 1) return Value(lines.front());
     BeginArray();
-    for (const std::string& line : lines) {
-        Value(std::string_view(line));
+    for (const std::string_view line : lines) {
+        Value(line);
     }
     EndArray();
 }
 
-std::string JsonStream::Text() const
-{
-    const std::string_view written(fBuffer.GetString(), fBuffer.GetSize());
-    std::string text;
-    text.reserve(written.size());
-    for (const char c : written) {
-        if (c == '<') {
-            text.append("\\u003c");
-        } else {
-            text.push_back(c);
-        }
-    }
-    return text;
-}
-
 std::string ScriptNumber(double number)
 {
-    if (number == 0.0) return "0";
-    const double size = std::fabs(number);
     char room[400];
+    if (char* end = WriteShortDecimal(room, number)) return {room, end};
+    const double size = std::fabs(number);
     if (size >= 1e-6 && size < kAllDigitsExact) {
         return std::string(ShortestDecimal(number, std::chars_format::fixed, room));
     }
@@ -156,22 +166,24 @@ std::string ScriptNumber(double number)
     return text;
 }
 
-std::vector<std::string> SplitLines(std::string_view text)
+std::vector<std::string_view> SplitLines(std::string_view text)
 {
     constexpr std::string_view kBreaks[] = {"\r\n", "\n", "\r", "\xE2\x80\xA8", "\xE2\x80\xA9"};
-    std::vector<std::string> lines(1);
-    while (!text.empty()) {
+    std::vector<std::string_view> lines;
+    std::size_t from = 0;
+    for (std::size_t at = 0; at < text.size();) {
+        const std::string_view rest = text.substr(at);
         const auto* found = std::find_if(
             std::begin(kBreaks), std::end(kBreaks),
-            [text](std::string_view separator) { return text.starts_with(separator); });
-        if (found != std::end(kBreaks)) {
-            lines.emplace_back();
-            text.remove_prefix(found->size());
-        } else {
-            lines.back().push_back(text.front());
-            text.remove_prefix(1);
+            [rest](std::string_view separator) { return rest.starts_with(separator); });
+        if (found == std::end(kBreaks)) {
+            ++at;
+            continue;
         }
+        lines.push_back(text.substr(from, at - from));
+        from = at += found->size();
     }
+    lines.push_back(text.substr(from));
     while (lines.size() > 1 && lines.back().empty()) {
         lines.pop_back();
     }

@@ -1,35 +1,60 @@
 #pragma once
 
-#include <rapidjson/stringbuffer.h>
-#include <rapidjson/writer.h>
-
+#include <cstddef>
+#include <cstring>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace refhost {
 
-/// Writes JSON in order. Texts may hold any bytes: what is not UTF-8 becomes the replacement
-/// character. Numbers are the shortest that read back as the same; what is not finite becomes null.
+/// Writes JSON in order, at the end of a text. Texts may hold any bytes: what is not UTF-8 becomes
+/// the replacement character, and `<` an escape, so that all of it may go into a script element.
+/// Numbers are the shortest that read back as the same; what is not finite becomes null.
 class JsonStream {
 public:
-    JsonStream() : fWriter(fBuffer) {}
+    /// Appends to a text, which outlives this object and is whole when it ends.
+    explicit JsonStream(std::string& out) : fOut(out), fUsed(out.size()) {}
+    ~JsonStream() { fOut.resize(fUsed); }
+    JsonStream(const JsonStream&) = delete;
+    JsonStream& operator=(const JsonStream&) = delete;
 
-    void BeginObject() { fWriter.StartObject(); }
-    void EndObject() { fWriter.EndObject(); }
-    void BeginArray() { fWriter.StartArray(); }
-    void EndArray() { fWriter.EndArray(); }
-    void Key(std::string_view name);
+    void BeginObject() { Begin('{'); }
+    void EndObject() { End('}'); }
+    void BeginArray() { Begin('['); }
+    void EndArray() { End(']'); }
+
+    /// Names are the format's own, in ASCII.
+    void Key(std::string_view name)
+    {
+        char* at = Room(name.size() + 4);
+        if (fIsBehindValue) *at++ = ',';
+        *at++ = '"';
+        std::memcpy(at, name.data(), name.size());
+        at += name.size();
+        *at++ = '"';
+        *at++ = ':';
+        Take(at);
+        fIsBehindValue = false;
+    }
+
+    /// A name that stands in the data.
+    void ForeignKey(std::string_view name);
 
     void Value(std::string_view text);
     void Value(const char* text) { Value(std::string_view(text)); }
     void Value(double number);
-    void Value(int number) { fWriter.Int(number); }
-    void Value(bool flag) { fWriter.Bool(flag); }
-    void Null() { fWriter.Null(); }
+    void Value(int number);
+    void Value(bool flag) { Written(flag ? "true" : "false"); }
+    void Null() { Written("null"); }
 
-    /// An object that is written already.
-    void Object(std::string_view json);
+    /// A value that is written already.
+    void Written(std::string_view json)
+    {
+        Separate();
+        Append(json);
+        fIsBehindValue = true;
+    }
 
     /// A text of several lines as a list of them, one of a single line as it is.
     void Lines(std::string_view text);
@@ -41,18 +66,54 @@ public:
         Value(value);
     }
 
-    /// Everything so far; `<` stands as an escape, so that it may go into a script element.
-    std::string Text() const;
-
 private:
-    rapidjson::StringBuffer fBuffer;
-    rapidjson::Writer<rapidjson::StringBuffer> fWriter;
+    /// Place for so many bytes behind what is written.
+    char* Room(std::size_t bytes)
+    {
+        if (fOut.size() - fUsed < bytes) Grow(bytes);
+        return fOut.data() + fUsed;
+    }
+    void Take(const char* end) { fUsed = static_cast<std::size_t>(end - fOut.data()); }
+    void Grow(std::size_t bytes);
+
+    void Put(char c)
+    {
+        *Room(1) = c;
+        ++fUsed;
+    }
+    void Append(std::string_view bytes)
+    {
+        std::memcpy(Room(bytes.size()), bytes.data(), bytes.size());
+        fUsed += bytes.size();
+    }
+    void Separate()
+    {
+        if (fIsBehindValue) Put(',');
+    }
+    void Begin(char bracket)
+    {
+        Separate();
+        Put(bracket);
+        fIsBehindValue = false;
+    }
+    void End(char bracket)
+    {
+        Put(bracket);
+        fIsBehindValue = true;
+    }
+
+    /// Writes the character that the text begins with; returns its length.
+    std::size_t AppendSpecial(std::string_view text);
+
+    std::string& fOut;  // longer than what is written: pieces are short, and many
+    std::size_t fUsed;
+    bool fIsBehindValue = false;
 };
 
 /// The number as JavaScript writes it when it turns it into a text.
 std::string ScriptNumber(double number);
 
 /// The lines of a text, parted by line feeds and by the separators of Unicode.
-std::vector<std::string> SplitLines(std::string_view text);
+std::vector<std::string_view> SplitLines(std::string_view text);
 
 }  // namespace refhost

@@ -159,18 +159,16 @@ private:
     int fDepth = 0;
 };
 
-std::string Document(const ResolvedChart& chart, VegaTexts texts, bool themed)
+void WriteDocument(JsonStream& json, const ResolvedChart& chart, VegaTexts texts, bool themed)
 {
-    if (chart.fPlots.empty()) return "{}";
     const LabelParameters labels(chart);
-    JsonStream json;
     json.BeginObject();
     json.Member("$schema", kSchema);
     json.Member("description", std::string_view(chart.fDescription));
     labels.Write(json);
     if (themed) {
         json.Key("config");
-        json.Object(VegaThemeText(VegaTheme::Light));
+        json.Written(VegaThemeText(VegaTheme::Light));
     }
     if (texts == VegaTexts::Inside) WriteTitle(json, chart);
 
@@ -190,10 +188,28 @@ std::string Document(const ResolvedChart& chart, VegaTexts texts, bool themed)
     WritePlots(json, chart, labels);
     wrappings.Close();
     json.EndObject();
-    return json.Text();
+}
+
+void AppendDocument(std::string& out, const ResolvedChart& chart, VegaTexts texts, bool themed)
+{
+    JsonStream json(out);
+    if (chart.fPlots.empty()) return json.Written("{}");
+    WriteDocument(json, chart, texts, themed);
+}
+
+std::string Document(const ResolvedChart& chart, VegaTexts texts, bool themed)
+{
+    std::string text;
+    AppendDocument(text, chart, texts, themed);
+    return text;
 }
 
 }  // namespace
+
+void AppendVegaLite(std::string& out, const ResolvedChart& chart)
+{
+    AppendDocument(out, chart, VegaTexts::Outside, /*themed=*/false);
+}
 
 std::string VegaLiteText(const ResolvedChart& chart)
 {

@@ -13,6 +13,7 @@ enum class VegaTexts { Outside, Inside };
 /// A chart as a Vega-Lite 6 document without a theme: the page joins `VegaTheme` as "config".
 /// Valid JSON and UTF-8 whatever the chart's texts hold; `<` is written as `\u003c`, so the text
 /// can stand in a script element. The text is one line.
+void AppendVegaLite(std::string& out, const ResolvedChart& chart);
 std::string VegaLiteText(const ResolvedChart& chart);
 std::string VegaLiteText(const ResolvedChart& chart, VegaTexts texts);
 

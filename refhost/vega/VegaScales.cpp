@@ -159,7 +159,7 @@ void LabelParameters::Write(JsonStream& json) const
         json.Key("value");
         json.BeginObject();
         for (const Entry& entry : list.fEntries) {
-            json.Key(entry.fKey);
+            json.ForeignKey(entry.fKey);
             json.Lines(entry.fLabel);
         }
         json.EndObject();

@@ -136,9 +136,9 @@ void WriteColors(JsonStream& json, const GroundColors& ground)
     json.EndArray();
 }
 
-std::string Theme(const GroundColors& ground)
+void AppendTheme(std::string& out, const GroundColors& ground)
 {
-    JsonStream json;
+    JsonStream json(out);
     json.BeginObject();
     json.Member("font", kFont);
     json.Member("background", ground.fBackground);
@@ -158,7 +158,13 @@ std::string Theme(const GroundColors& ground)
     json.EndObject();
     WriteColors(json, ground);
     json.EndObject();
-    return json.Text();
+}
+
+std::string Theme(const GroundColors& ground)
+{
+    std::string text;
+    AppendTheme(text, ground);
+    return text;
 }
 
 }  // namespace

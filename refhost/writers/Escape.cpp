@@ -1,5 +1,6 @@
 #include "refhost/writers/Escape.h"
 
+#include "refhost/data/PlainRun.h"
 #include "refhost/writers/WellFormed.h"
 
 namespace refhost {
@@ -33,8 +34,11 @@ constexpr std::string_view MarkupFor(char character)
 
 void AppendMarkupText(std::string& out, std::string_view bytes)
 {
+    const std::size_t plain = PlainRun<'&', '<', '>', '"', '\'', '\x7f'>(bytes);
+    out.append(bytes, 0, plain);
+    if (plain == bytes.size()) return;
     std::string scratch;
-    const std::string_view text = WellFormed(bytes, scratch);
+    const std::string_view text = WellFormed(bytes.substr(plain), scratch);
     std::size_t from = 0;
     for (std::size_t at = 0; at < text.size(); ++at) {
         const std::string_view markup = MarkupFor(text[at]);

@@ -122,7 +122,7 @@ void AppendChart(std::string& out, const ChartNode& chart, std::string_view id,
     AppendData(out, chart, picture.get(), language);
     if (picture) {
         out.append("<script type=\"application/json\">");
-        AppendScriptJson(out, VegaLiteText(*picture));
+        AppendVegaLite(out, *picture);
         out.append("</script>\n");
     }
     out.append("</figure>\n");

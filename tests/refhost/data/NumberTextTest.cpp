@@ -1,7 +1,9 @@
 #include "refhost/data/NumberText.h"
 
+#include <array>
 #include <cmath>
 #include <cstdint>
+#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <limits>
@@ -88,6 +90,21 @@ TEST(FixedText, RoundsAsPrintfDoesAndDropsTheSignOfZero)
     }
     // clang-format on
     EXPECT_EQ(FixedText(std::numeric_limits<double>::max(), 255).size(), 309u + 1 + 255);
+}
+
+TEST(FixedText, AgreesWithPrintfOnNumbersOfAllSizes)
+{
+    std::mt19937_64 random(7);
+    for (int round = 0; round < 20000; ++round) {
+        const auto decimals = static_cast<int>(random() % 10);
+        // As many are short decimals and halves of the last place as have all their digits.
+        const double divisor = round % 2 == 0 ? 2e3 : 7.0;
+        const double value = static_cast<double>(random() >> (random() % 60 + 1)) / divisor;
+        std::array<char, 64> printed;
+        std::snprintf(printed.data(), printed.size(), "%.*f", decimals, -value);
+        const bool isZero = std::strtod(printed.data(), nullptr) == 0.0;
+        ASSERT_EQ(FixedText(-value, decimals), printed.data() + (isZero ? 1 : 0));
+    }
 }
 
 TEST(ScientificText, TakesAsManyDigitsAsTheWidthHolds)

@@ -103,6 +103,16 @@ TEST(VegaLiteText, IsValidJsonWhateverTheLabelsHold)
     }
 }
 
+TEST(VegaLiteText, GivesEveryCharacterOfATextBack)
+{
+    std::string label = "\u00E4\U0001F600";
+    for (int code = 0; code < 0x80; ++code)
+        label.insert(label.begin(), static_cast<char>(code));
+    const rapidjson::Document document = Parsed(VegaLiteText(ChartOf(label)));
+    const auto& text = document["description"];
+    EXPECT_EQ(std::string(text.GetString(), text.GetStringLength()), label);
+}
+
 TEST(VegaLiteText, KeepsUserTextsOutOfWhatIsMadeIntoExpressions)
 {
     const std::string label = "user's \"text\" \\";
