@@ -3,8 +3,11 @@
 #include <unicode/ucnv.h>
 #include <unicode/ustring.h>
 
+#include <algorithm>
+#include <cstdint>
 #include <limits>
 #include <memory>
+#include <type_traits>
 
 namespace refhost {
 
@@ -25,10 +28,21 @@ View WithinIcu(View text)
     return text.substr(0, std::numeric_limits<int32_t>::max() / kBytesPerUnit - 1);
 }
 
+/// Most texts are: there is nothing to convert but the width.
+template <class View>
+bool IsAscii(View text)
+{
+    std::uint32_t all = 0;
+    for (const auto unit : text)
+        all |= static_cast<std::make_unsigned_t<typename View::value_type>>(unit);
+    return all < 0x80;
+}
+
 }  // namespace
 
 std::u16string ToUtf16(std::string_view utf8)
 {
+    if (IsAscii(utf8)) return {utf8.begin(), utf8.end()};
     utf8 = WithinIcu(utf8);
     std::u16string text(utf8.size(), u'\0');
     int32_t length = 0;
@@ -42,6 +56,12 @@ std::u16string ToUtf16(std::string_view utf8)
 
 std::string ToUtf8(std::u16string_view text)
 {
+    if (IsAscii(text)) {
+        std::string ascii(text.size(), '\0');
+        std::ranges::transform(text, ascii.begin(),
+                               [](char16_t unit) { return static_cast<char>(unit); });
+        return ascii;
+    }
     text = WithinIcu(text);
     std::string utf8(text.size() * kBytesPerUnit, '\0');
     int32_t length = 0;

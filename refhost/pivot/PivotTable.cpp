@@ -114,18 +114,20 @@ PivotTree& BpPivotTable::Impl::AddDimension(TextRef title, Sort sort)
 
 PivotCell* BpPivotTable::Impl::CellAt(const BpCategory::Impl& category)
 {
-    std::vector<std::uint32_t> at(fTrees.size());
+    fAsked.resize(fTrees.size());
     for (const PivotTree& tree : fTrees) {
         if (!tree.HasCategory()) return nullptr;
-        at[tree.Index()] = tree.Latest();
+        fAsked[tree.Index()] = tree.Latest();
     }
-    at[category.fTree.Index()] = category.fNumber;
-    const auto [found, isNew] = fCellPlaces.try_emplace(at, fNode.fCells.size());
-    if (isNew) fNode.fCells.emplace_back().fAt = std::move(at);
-    return &fNode.fCells[found->second];
+    fAsked[category.fTree.Index()] = category.fNumber;
+    const auto known = fCellPlaces.find(fAsked);
+    if (known != fCellPlaces.end()) return &fNode.fCells[*known];
+    fNode.fCells.emplace_back().fAt = fAsked;
+    fCellPlaces.insert(fNode.fCells.size() - 1);
+    return &fNode.fCells.back();
 }
 
-std::size_t BpPivotTable::Impl::AtHasher::operator()(const std::vector<std::uint32_t>& at) const
+std::size_t BpPivotTable::Impl::AtHasher::operator()(const At& at) const
 {
     std::size_t hash = 0;
     for (const std::uint32_t number : at)

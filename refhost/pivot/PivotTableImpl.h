@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <deque>
 #include <unordered_map>
+#include <unordered_set>
 
 #include "refhost/pivot/TextIdentity.h"
 
@@ -113,8 +114,28 @@ public:
     refhost::PivotCell* CellAt(const BpCategory::Impl& category);
 
 private:
+    using At = std::vector<std::uint32_t>;
+
+    /// Cells stand in a set by their places in the node, and are found by the numbers of their
+    /// categories.
     struct AtHasher {
-        std::size_t operator()(const std::vector<std::uint32_t>& at) const;
+        using is_transparent = void;
+        const refhost::TableNode& fNode;
+        std::size_t operator()(const At& at) const;
+        std::size_t operator()(std::size_t cell) const { return (*this)(fNode.fCells[cell].fAt); }
+    };
+    struct AtEqual {
+        using is_transparent = void;
+        const refhost::TableNode& fNode;
+        bool operator()(std::size_t a, std::size_t b) const { return a == b; }
+        bool operator()(const At& at, std::size_t cell) const
+        {
+            return fNode.fCells[cell].fAt == at;
+        }
+        bool operator()(std::size_t cell, const At& at) const
+        {
+            return fNode.fCells[cell].fAt == at;
+        }
     };
 
     void Send();
@@ -124,6 +145,7 @@ private:
     refhost::TableNode fNode;
     std::deque<refhost::PivotTree> fTrees;
 
-    /// From the numbers of a cell's categories to its place in the node.
-    std::unordered_map<std::vector<std::uint32_t>, std::size_t, AtHasher> fCellPlaces;
+    std::unordered_set<std::size_t, AtHasher, AtEqual> fCellPlaces{0, AtHasher{fNode},
+                                                                   AtEqual{fNode}};
+    At fAsked;  // kept for its room
 };
