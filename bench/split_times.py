@@ -1,0 +1,55 @@
+"""What single splits of a running job take, told from its output as it comes through a pipe."""
+import os
+import statistics
+import subprocess
+import time
+from dataclasses import dataclass
+
+from timing import NONPAR
+
+MARK = b'"text":"Part = '  # once for each split, in its heading
+
+
+@dataclass
+class Splits:
+    """When each split began, by the clock and in processor time; memory at the 100th and at the end."""
+    clock: list
+    cpu: list
+    peak_at_100: int
+    peak: int
+
+    def growth(self, times, window=100):
+        """The median time of a split at the end over that of one around the 100th."""
+        took = [after - before for before, after in zip(times, times[1:])]
+        return statistics.median(took[-window:]) / statistics.median(took[100 - window // 2:100 + window // 2])
+
+
+def processor_seconds(pid):
+    with open(f"/proc/{pid}/schedstat", encoding="ascii") as file:
+        return int(file.read().split()[0]) / 1e9
+
+
+def peak_memory(pid):
+    with open(f"/proc/{pid}/status", encoding="ascii") as file:
+        return next(int(line.split()[1]) * 1024 for line in file if line.startswith("VmHWM"))
+
+
+def watch_splits(job):
+    process = subprocess.Popen([NONPAR, "run", job, "--quiet", "--language", "en", "--format", "json"],
+                               stdout=subprocess.PIPE, stdin=subprocess.DEVNULL)
+    seen = Splits([], [], 0, 0)
+    rest = b""
+    while chunk := os.read(process.stdout.fileno(), 1 << 16):
+        chunk = rest + chunk
+        for _ in range(chunk.count(MARK)):
+            seen.clock.append(time.perf_counter())
+            seen.cpu.append(processor_seconds(process.pid))
+            if len(seen.clock) == 101:
+                seen.peak_at_100 = peak_memory(process.pid)
+        rest = chunk[-len(MARK) + 1:]
+    _, status, usage = os.wait4(process.pid, 0)
+    seen.peak = usage.ru_maxrss * 1024
+    process.returncode = os.waitstatus_to_exitcode(status)
+    if process.returncode:
+        raise RuntimeError(f"exit code {process.returncode}: {job}")
+    return seen
