@@ -23,9 +23,9 @@ MEASURES = (
 
 
 def line_through(x, y):
-    """Start, slope, R² and the largest distance of a point from the line, of the line's height there."""
+    """Start, slope, R² and the largest distance of a point from the line, as a share of the highest point."""
     slope, start = statistics.linear_regression(x, y)
-    farthest = max(abs(have / (start + slope * at) - 1) for at, have in zip(x, y))
+    farthest = max(abs(have - start - slope * at) for at, have in zip(x, y)) / max(y)
     return start, slope, statistics.correlation(x, y) ** 2, farthest
 
 

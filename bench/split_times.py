@@ -44,12 +44,10 @@ def watch_splits(job):
         for _ in range(chunk.count(MARK)):
             seen.clock.append(time.perf_counter())
             seen.cpu.append(processor_seconds(process.pid))
+            seen.peak = peak_memory(process.pid)
             if len(seen.clock) == 101:
-                seen.peak_at_100 = peak_memory(process.pid)
+                seen.peak_at_100 = seen.peak
         rest = chunk[-len(MARK) + 1:]
-    _, status, usage = os.wait4(process.pid, 0)
-    seen.peak = usage.ru_maxrss * 1024
-    process.returncode = os.waitstatus_to_exitcode(status)
-    if process.returncode:
+    if process.wait():
         raise RuntimeError(f"exit code {process.returncode}: {job}")
     return seen
