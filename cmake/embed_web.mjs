@@ -72,7 +72,8 @@ const plain = { kPage: web("page.html"), kNotices: notices() };
 const hashed = { kStyle: checked("style.css", web("style.css")), kReport: checked("report", reportScript()) };
 for (const [name, path] of Object.entries(kDrawing)) hashed[name] = checked(path, drawingScript(path));
 
-const lines = ['#include "refhost/writers/WebAssets.h"', "", "namespace refhost::web {", ""];
+const kLongTexts = '#pragma GCC diagnostic ignored "-Woverlength-strings"';
+const lines = ['#include "refhost/writers/WebAssets.h"', "", kLongTexts, "", "namespace refhost::web {", ""];
 for (const [name, text] of Object.entries(plain)) lines.push(`const std::string_view ${name} = ${literal(text)};`, "");
 for (const [name, text] of Object.entries(hashed))
   lines.push(`const WebAsset ${name} = {${literal(text)},\n    "${hashOf(text)}"};`, "");

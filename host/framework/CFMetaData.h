@@ -42,8 +42,8 @@ public:
 private:
     CFDatum fDatum;
     std::string fText;
-    FlagType fFlag;
-    PartitionType fPartition;
+    [[maybe_unused]] FlagType fFlag;
+    [[maybe_unused]] PartitionType fPartition;
 };
 
 /// One field of the data dictionary. The numbers of its enumerations are the host's.
@@ -69,9 +69,9 @@ public:
 private:
     std::string fName;
     std::string fLabel;
-    FieldType fType;
-    StorageType fStorage;
-    RoleType fRole;
+    [[maybe_unused]] FieldType fType;
+    [[maybe_unused]] StorageType fStorage;
+    [[maybe_unused]] RoleType fRole;
     std::vector<CFValue> fValues;
     std::vector<CFValue> fValueLabels;
 };

@@ -11,6 +11,7 @@
 #include <rapidjson/schema.h>
 #include <rapidjson/stringbuffer.h>
 
+#include "refhost/job/ExactNumbers.h"
 #include "refhost/job/JobFile.h"
 #include "refhost/job/JobSchema.h"
 
@@ -19,11 +20,8 @@ namespace refhost {
 namespace {
 
 constexpr unsigned kParseFlags = rapidjson::kParseIterativeFlag |
-                                 rapidjson::kParseFullPrecisionFlag |
+                                 rapidjson::kParseNumbersAsStringsFlag |
                                  rapidjson::kParseValidateEncodingFlag;
-
-using JobReader =
-    rapidjson::SchemaValidatingReader<kParseFlags, rapidjson::MemoryStream, rapidjson::UTF8<>>;
 
 /// What it means to a person that a rule of the schema is broken.
 struct RuleRow {
@@ -62,6 +60,36 @@ const rapidjson::SchemaDocument& JobSchema()
     }();
     return kSchema;
 }
+
+/// Fills a document from a job's text as long as that answers to the schema.
+class JobReader {
+public:
+    explicit JobReader(const std::string& text) : fStream(text.data(), text.size()) {}
+
+    template <class Document>
+    bool operator()(Document& document)
+    {
+        rapidjson::GenericSchemaValidator<rapidjson::SchemaDocument, Document> validator(
+            JobSchema(), document);
+        ExactNumbers numbers(validator);
+        rapidjson::Reader reader;
+        fResult = reader.Parse<kParseFlags>(fStream, numbers);
+        if (numbers.IsTooBig()) fResult.Set(rapidjson::kParseErrorNumberTooBig, fResult.Offset());
+        fIsValid = validator.IsValid();
+        if (fIsValid) return !fResult.IsError();
+        fBrokenRule = validator.GetInvalidSchemaKeyword();
+        fSchemaPlace = validator.GetInvalidSchemaPointer();
+        fPlace = validator.GetInvalidDocumentPointer();
+        return false;
+    }
+
+    rapidjson::MemoryStream fStream;
+    rapidjson::ParseResult fResult;
+    bool fIsValid = true;
+    const char* fBrokenRule = nullptr;  ///< the rest only where the text is not valid
+    rapidjson::Pointer fSchemaPlace;
+    rapidjson::Pointer fPlace;
+};
 
 /// What the broken rule at a place of the schema asks for, if it is a word or a list of words.
 std::string AskedFor(const rapidjson::Pointer& schemaPlace, const char* keyword)
@@ -126,25 +154,22 @@ std::string PlaceText(const rapidjson::Pointer& place)
 
 rapidjson::Document ParseJob(const std::string& text, const std::string& name)
 {
-    rapidjson::MemoryStream stream(text.data(), text.size());
-    JobReader reader(stream, JobSchema());
+    JobReader reader(text);
     rapidjson::Document document;
     document.Populate(reader);
-    const rapidjson::ParseResult& result = reader.GetParseResult();
+    const rapidjson::ParseResult& result = reader.fResult;
     if (!result.IsError()) {
         const std::string repeated = FindRepeatedKey(document, {});
         if (repeated.empty()) return document;
         throw JobError(fmt::format("{}: {}: the key stands twice", name, repeated));
     }
-    if (reader.IsValid())
+    if (reader.fIsValid)
         throw JobError(fmt::format("{}: no JSON at {}: {}", name, LineText(text, result.Offset()),
                                    rapidjson::GetParseError_En(result.Code())));
-    const char* keyword = reader.GetInvalidSchemaKeyword();
-    const RuleRow& rule = RuleOf(keyword);
-    std::string line = fmt::format("{}: {}: {}", name,
-                                   PlaceText(reader.GetInvalidDocumentPointer()), rule.fMeaning);
+    const RuleRow& rule = RuleOf(reader.fBrokenRule);
+    std::string line = fmt::format("{}: {}: {}", name, PlaceText(reader.fPlace), rule.fMeaning);
     if (rule.fTellsBound)
-        line += fmt::format(" (the rule: {})", AskedFor(reader.GetInvalidSchemaPointer(), keyword));
+        line += fmt::format(" (the rule: {})", AskedFor(reader.fSchemaPlace, reader.fBrokenRule));
     throw JobError(line);
 }
 

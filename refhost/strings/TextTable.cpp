@@ -6,6 +6,7 @@
 
 #include <fmt/format.h>
 #include <fstream>
+#include <utility>
 
 namespace refhost {
 
@@ -54,7 +55,7 @@ bool TextTable::Load(const std::string& file, std::string& reason)
         reason = "it is no JSON object";
         return false;
     }
-    for (const auto& [name, texts] : document.GetObject()) {
+    for (const auto& [name, texts] : std::as_const(document).GetObject()) {
         const std::string_view section(name.GetString(), name.GetStringLength());
         if ((section != "pivot" && section != "charts") || !texts.IsObject()) {
             reason = fmt::format("\"{}\" is neither an object \"pivot\" nor \"charts\"", section);

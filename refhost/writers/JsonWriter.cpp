@@ -294,7 +294,7 @@ private:
     template <class... Values>
     void Write(const std::variant<Values...>& value)
     {
-        std::visit([this](const auto& content) { Write(content); }, value);
+        std::visit([this](const auto& content) { this->Write(content); }, value);
     }
 
     // --- frame ---

@@ -173,10 +173,16 @@ TEST(ReadJobFile, TakesDocumentsRelativeToTheFile)
 
 TEST(ReadJobFile, KeepsNumbersToTheLastBit)
 {
-    EXPECT_EQ(JobOf(Replaced("[2.5]", "[0.30000000000000004]")).fSplits[1].fValues[0].Number(),
-              0.1 + 0.2);
-    EXPECT_EQ(JobOf(Replaced("[2.5]", "[2.2250738585072011e-308]")).fSplits[1].fValues[0].Number(),
-              2.2250738585072011e-308);
+    struct Row {
+        const char* text;
+        double number;
+    };
+    for (const Row& row : {Row{"0.30000000000000004", 0.1 + 0.2},
+                           Row{"2.2250738585072011e-308", 2.2250738585072011e-308},
+                           Row{"0e308", 0.0}, Row{"0.0E-30", 0.0}, Row{"1e-999", 0.0},
+                           Row{"-3", -3.0}, Row{"18446744073709551616", 18446744073709551616.0}})
+        EXPECT_EQ(JobOf(Replaced("2.5", row.text)).fSplits[1].fValues[0].Number(), row.number)
+            << row.text;
 }
 
 }  // namespace refhost

@@ -9,6 +9,7 @@
 #include <map>
 #include <regex>
 #include <set>
+#include <utility>
 
 #include "output/ConditionKeys.h"
 #include "output/NOPROutput.h"
@@ -40,7 +41,7 @@ std::map<std::string, Section> Load(const std::string& language)
     document.ParseStream(input);
     std::map<std::string, Section> texts;
     if (document.HasParseError() || !document.IsObject()) return texts;
-    for (const auto& [name, section] : document.GetObject())
+    for (const auto& [name, section] : std::as_const(document).GetObject())
         for (const auto& [key, text] : section.GetObject())
             EXPECT_TRUE(texts[name.GetString()].emplace(key.GetString(), text.GetString()).second)
                 << key.GetString() << " stands twice in " << language;
