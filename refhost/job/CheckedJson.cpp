@@ -8,8 +8,6 @@
 #include <fmt/format.h>
 #include <rapidjson/error/en.h>
 #include <rapidjson/memorystream.h>
-#include <rapidjson/schema.h>
-#include <rapidjson/stringbuffer.h>
 
 #include "refhost/job/JobFile.h"
 #include "refhost/job/JobSchema.h"
@@ -21,9 +19,6 @@ namespace {
 constexpr unsigned kParseFlags = rapidjson::kParseIterativeFlag |
                                  rapidjson::kParseFullPrecisionFlag |
                                  rapidjson::kParseValidateEncodingFlag;
-
-using JobReader =
-    rapidjson::SchemaValidatingReader<kParseFlags, rapidjson::MemoryStream, rapidjson::UTF8<>>;
 
 /// What it means to a person that a rule of the schema is broken.
 struct RuleRow {
@@ -53,24 +48,56 @@ const RuleRow& RuleOf(std::string_view keyword)
     return row == std::end(kRules) ? kOther : *row;
 }
 
-const rapidjson::SchemaDocument& JobSchema()
+const json::Schema& JobSchema()
 {
-    static const rapidjson::SchemaDocument kSchema = [] {
-        rapidjson::Document document;
+    static const json::Schema kSchema = [] {
+        json::Document document;
         document.Parse(kJobSchema.data(), kJobSchema.size());
-        return rapidjson::SchemaDocument(document);
+        return json::Schema(document);
     }();
     return kSchema;
 }
 
+/// Parses a text into a document as long as it keeps to the schema.
+class JobReader {
+public:
+    explicit JobReader(const std::string& text) : fText(text) {}
+
+    /// Called by the document that is filled; the checks run between the parser and it.
+    bool operator()(json::Document& document)
+    {
+        rapidjson::MemoryStream stream(fText.data(), fText.size());
+        json::Reader reader;
+        Validator validator(JobSchema(), document);
+        fResult = reader.Parse<kParseFlags>(stream, validator);
+        fIsValid = validator.IsValid();
+        if (fIsValid) return !fResult.IsError();
+        fKeyword = validator.GetInvalidSchemaKeyword();
+        fSchemaPlace = validator.GetInvalidSchemaPointer();
+        fDocumentPlace = validator.GetInvalidDocumentPointer();
+        return false;
+    }
+
+    const std::string& fText;
+    rapidjson::ParseResult fResult;
+    bool fIsValid = true;
+    const char* fKeyword = "";  // of the rule that is broken
+    json::Pointer fSchemaPlace;
+    json::Pointer fDocumentPlace;
+
+private:
+    using Validator =
+        rapidjson::GenericSchemaValidator<json::Schema, json::Document, json::Allocator>;
+};
+
 /// What the broken rule at a place of the schema asks for, if it is a word or a list of words.
-std::string AskedFor(const rapidjson::Pointer& schemaPlace, const char* keyword)
+std::string AskedFor(const json::Pointer& schemaPlace, const char* keyword)
 {
-    rapidjson::Document schema;
+    json::Document schema;
     schema.Parse(kJobSchema.data(), kJobSchema.size());
-    const rapidjson::Value* place = schemaPlace.Get(schema);
+    const json::Value* place = schemaPlace.Get(schema);
     if (!place || !place->IsObject() || !place->HasMember(keyword)) return {};
-    const rapidjson::Value& rule = (*place)[keyword];
+    const json::Value& rule = (*place)[keyword];
     if (rule.IsInt()) return std::to_string(rule.GetInt());
     if (rule.IsString()) return rule.GetString();
     std::string words;
@@ -89,7 +116,7 @@ std::string LineText(std::string_view text, std::size_t offset)
 }
 
 /// The place of the first key that stands twice in one object; empty where none does.
-std::string FindRepeatedKey(const rapidjson::Value& value, const std::string& place)
+std::string FindRepeatedKey(const json::Value& value, const std::string& place)
 {
     std::string found;
     if (value.IsArray()) {
@@ -109,9 +136,9 @@ std::string FindRepeatedKey(const rapidjson::Value& value, const std::string& pl
     return found;
 }
 
-std::string PlaceText(const rapidjson::Pointer& place)
+std::string PlaceText(const json::Pointer& place)
 {
-    rapidjson::StringBuffer buffer;
+    json::StringBuffer buffer;
     place.Stringify(buffer);
     std::string text = buffer.GetSize() > 0 ? buffer.GetString() : "the job";
     constexpr std::size_t kLongest = 100;
@@ -124,27 +151,25 @@ std::string PlaceText(const rapidjson::Pointer& place)
 
 }  // namespace
 
-rapidjson::Document ParseJob(const std::string& text, const std::string& name)
+json::Document ParseJob(const std::string& text, const std::string& name)
 {
-    rapidjson::MemoryStream stream(text.data(), text.size());
-    JobReader reader(stream, JobSchema());
-    rapidjson::Document document;
+    JobReader reader(text);
+    json::Document document;
     document.Populate(reader);
-    const rapidjson::ParseResult& result = reader.GetParseResult();
+    const rapidjson::ParseResult& result = reader.fResult;
     if (!result.IsError()) {
         const std::string repeated = FindRepeatedKey(document, {});
         if (repeated.empty()) return document;
         throw JobError(fmt::format("{}: {}: the key stands twice", name, repeated));
     }
-    if (reader.IsValid())
+    if (reader.fIsValid)
         throw JobError(fmt::format("{}: no JSON at {}: {}", name, LineText(text, result.Offset()),
                                    rapidjson::GetParseError_En(result.Code())));
-    const char* keyword = reader.GetInvalidSchemaKeyword();
-    const RuleRow& rule = RuleOf(keyword);
-    std::string line = fmt::format("{}: {}: {}", name,
-                                   PlaceText(reader.GetInvalidDocumentPointer()), rule.fMeaning);
+    const RuleRow& rule = RuleOf(reader.fKeyword);
+    std::string line =
+        fmt::format("{}: {}: {}", name, PlaceText(reader.fDocumentPlace), rule.fMeaning);
     if (rule.fTellsBound)
-        line += fmt::format(" (the rule: {})", AskedFor(reader.GetInvalidSchemaPointer(), keyword));
+        line += fmt::format(" (the rule: {})", AskedFor(reader.fSchemaPlace, reader.fKeyword));
     throw JobError(line);
 }
 
