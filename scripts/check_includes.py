@@ -20,7 +20,8 @@ backend/output     : backend/views/* backend/model host/pivot host/strings host/
 backend/frame      : backend/output backend/reader backend/model host/*
 refhost/document   : -
 refhost/data       : host/data
-refhost/strings    : host/strings
+refhost/json       : -
+refhost/strings    : host/strings refhost/json
 refhost/framework  : host/framework host/data refhost/data
 refhost/command    : host/command host/data refhost/data
 refhost/pivot      : host/pivot host/data host/framework refhost/document refhost/data refhost/strings
@@ -28,8 +29,8 @@ refhost/template   : host/chart
 refhost/chart      : host/chart host/data refhost/document refhost/data refhost/strings refhost/template
 refhost/plot       : refhost/template refhost/document refhost/data
 refhost/vega       : refhost/plot refhost/data
-refhost/writers    : refhost/document refhost/plot refhost/vega refhost/data
-refhost/job        : refhost/data refhost/command host/data host/command host/framework
+refhost/writers    : refhost/document refhost/plot refhost/vega refhost/json refhost/data
+refhost/job        : refhost/json refhost/data refhost/command host/data host/command host/framework
 refhost/run        : refhost/job refhost/document refhost/writers refhost/pivot refhost/chart refhost/framework refhost/strings refhost/data host/*
 refhost/tool       : refhost/run refhost/job refhost/writers refhost/document
 """

@@ -1,13 +1,26 @@
 #include "refhost/chart/ChartData.h"
 
 #include <algorithm>
+#include <stdexcept>
 #include <utility>
+
+#include <fmt/format.h>
+
+#include "refhost/document/HostRun.h"
+#include "refhost/document/OutputBuilder.h"
 
 namespace {
 
 // Rows are filled one after the other. A number far beyond them is no row but a mistake, and must
 // not cost the memory of all the rows before it.
 constexpr std::size_t kLargestGap = 4096;
+
+// A stacked bar says at each of its segments what the whole bar holds, so texts grow with the
+// square of a document. Labels don't count.
+constexpr std::size_t kMostText = std::size_t{64} << 20U;
+constexpr std::size_t kLongestLabel = 256;
+constexpr int kShown = 2;    // as the plug-in reports
+constexpr int kWarning = 2;  // likewise
 
 std::string_view TextOf(const char* text) { return text ? text : ""; }
 
@@ -66,6 +79,25 @@ void VarDataProcessor::Impl::Set(std::string_view source, std::string_view colum
     entry->fValues[place] = std::move(value);
 }
 
+void VarDataProcessor::Impl::CountText(const std::string& text)
+{
+    if (text.size() <= kLongestLabel) return;
+    refhost::HostRun& run = refhost::HostRun::Current();
+    run.fChartText += text.size();
+    if (run.fChartText <= kMostText) return;
+    run.fChartText -= std::min(run.fChartText, text.size());
+    const std::string reason = fmt::format(
+        "A chart is left out: the texts of the charts would "
+        "take more than {} MB.",
+        kMostText >> 20U);
+    if (run.fOutput) {
+        auto node = std::make_unique<refhost::OutputNode>();
+        node->fContent = refhost::ErrorNode{reason, kShown, kWarning};
+        run.fOutput->Add(std::move(node));
+    }
+    throw std::length_error(reason);
+}
+
 VarDataProcessor::VarDataProcessor() : fImpl(std::make_unique<Impl>()) {}
 
 VarDataProcessor::~VarDataProcessor() = default;
@@ -95,5 +127,6 @@ void VarDataProcessor::SetVariableValue(const _varinfo* info, int row, double va
 void VarDataProcessor::SetStringVariableValue(const char* source, const char* variable, int row,
                                               const std::string& text)
 {
+    Impl::CountText(text);
     fImpl->Set(TextOf(source), TextOf(variable), row, text);
 }

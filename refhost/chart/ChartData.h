@@ -15,6 +15,9 @@ public:
     void AddColumn(std::string_view source, std::string_view column);
     void Set(std::string_view source, std::string_view column, int row, refhost::ChartValue value);
 
+    /// Throws, with a report, where the charts of the split hold too much text.
+    static void CountText(const std::string& text);
+
     const std::vector<refhost::ChartSource>& Sources() const { return fSources; }
 
 private:

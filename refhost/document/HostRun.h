@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <map>
 #include <string>
 
@@ -19,6 +20,8 @@ struct HostRun {
 
     /// Texts of template files by name, as far as they were read.
     std::map<std::string, std::string, std::less<>> fTemplateTexts = {};
+
+    std::size_t fChartText = 0;  ///< bytes of long texts in the charts of the current split
 
     /// The run that is under way. Outside of a run it has no output.
     static HostRun& Current();

@@ -1,6 +1,7 @@
 #include "refhost/document/OutputBuilder.h"
 
 #include <algorithm>
+#include <new>
 #include <utility>
 
 namespace refhost {
@@ -37,7 +38,12 @@ void OutputBuilder::CloseHeading(HeadingNumber heading) noexcept
 
 void OutputBuilder::Add(OutputNodePtr node) noexcept
 {
-    Guard([&] { fSink.Node(std::move(node)); });
+    Guard([&] {
+        try {
+            fSink.Node(std::move(node));
+        } catch (const std::bad_alloc&) {  // what was written before it is to stand
+        }
+    });
 }
 
 void OutputBuilder::Fail(std::exception_ptr failure) noexcept

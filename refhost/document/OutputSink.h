@@ -39,7 +39,8 @@ public:
     virtual void OpenHeading(TextRef label) = 0;
     virtual void CloseHeading() = 0;
 
-    /// A table, chart or report under the innermost open heading; never null.
+    /// A table, chart or report under the innermost open heading; never null. Where memory runs out
+    /// (`std::bad_alloc`) the node is left out and the sink is as good as before.
     virtual void Node(OutputNodePtr node) = 0;
     virtual void End(const RunEnd& end) = 0;
 };

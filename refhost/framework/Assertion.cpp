@@ -8,7 +8,7 @@ namespace refhost {
 
 namespace {
 
-thread_local std::optional<std::string> gBrokenInvariant;
+std::optional<std::string> gBrokenInvariant;
 
 }  // namespace
 

@@ -18,7 +18,7 @@ private:
     std::string fText;
 };
 
-/// The text of the first invariant that was broken on this thread since `ForgetBrokenInvariant`;
+/// The text of the first invariant that was broken since `ForgetBrokenInvariant`;
 /// null where all held. It is known also where a procedure swallowed the exception.
 const std::string* BrokenInvariant();
 void ForgetBrokenInvariant();

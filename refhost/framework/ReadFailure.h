@@ -12,7 +12,7 @@ struct ReadFailure {
     std::uint64_t fColumn = 0;
 };
 
-/// The failure of the last document that this thread loaded; null where it was read, and where none
+/// The failure of the last document that was loaded; null where it was read, and where none
 /// was loaded since `ForgetReadFailure`. Valid until the next document is loaded.
 const ReadFailure* LastReadFailure();
 void ForgetReadFailure();

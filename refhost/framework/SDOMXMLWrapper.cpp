@@ -20,7 +20,7 @@ namespace refhost {
 
 namespace {
 
-thread_local std::optional<ReadFailure> gLastReadFailure;
+std::optional<ReadFailure> gLastReadFailure;
 
 /// The numbers of the names of a path's steps, outermost first; nothing where the document knows
 /// one of them not.

@@ -135,20 +135,29 @@ private:
     const TreeHandler* fHandler = nullptr;  // valid while a document is read
 };
 
+/// The library's own ends the program where it can't be set up, which takes nothing but memory.
+class ThrowingPanic : public PanicHandler {
+public:
+    void panic(const PanicReasons) override { throw std::bad_alloc(); }
+};
+
 /// The library's own state, for as long as the program runs.
 class Platform {
 public:
-    Platform() { XMLPlatformUtils::Initialize(); }
+    Platform() { XMLPlatformUtils::Initialize(XMLUni::fgXercescDefaultLocale, nullptr, &fPanic); }
     ~Platform() { XMLPlatformUtils::Terminate(); }
     Platform(const Platform&) = delete;
     Platform& operator=(const Platform&) = delete;
+
+private:
+    ThrowingPanic fPanic;
 };
 
-/// The parser of this thread: making one takes longer than parsing a small document.
+/// The parser that is kept: making one takes longer than parsing a small document.
 std::unique_ptr<Parser>& KeptParser()
 {
     static const Platform platform;
-    thread_local std::unique_ptr<Parser> parser;
+    static std::unique_ptr<Parser> parser;
     return parser;
 }
 

@@ -8,8 +8,6 @@
 #include <fmt/format.h>
 #include <rapidjson/error/en.h>
 #include <rapidjson/memorystream.h>
-#include <rapidjson/schema.h>
-#include <rapidjson/stringbuffer.h>
 
 #include "refhost/job/ExactNumbers.h"
 #include "refhost/job/JobFile.h"
@@ -51,54 +49,58 @@ const RuleRow& RuleOf(std::string_view keyword)
     return row == std::end(kRules) ? kOther : *row;
 }
 
-const rapidjson::SchemaDocument& JobSchema()
+const json::Schema& JobSchema()
 {
-    static const rapidjson::SchemaDocument kSchema = [] {
-        rapidjson::Document document;
+    static const json::Schema kSchema = [] {
+        json::Document document;
         document.Parse(kJobSchema.data(), kJobSchema.size());
-        return rapidjson::SchemaDocument(document);
+        return json::Schema(document);
     }();
     return kSchema;
 }
 
-/// Fills a document from a job's text as long as that answers to the schema.
+/// Parses a text into a document as long as it keeps to the schema.
 class JobReader {
 public:
-    explicit JobReader(const std::string& text) : fStream(text.data(), text.size()) {}
+    explicit JobReader(const std::string& text) : fText(text) {}
 
-    template <class Document>
-    bool operator()(Document& document)
+    /// Called by the document that is filled; the checks run between the parser and it.
+    bool operator()(json::Document& document)
     {
-        rapidjson::GenericSchemaValidator<rapidjson::SchemaDocument, Document> validator(
-            JobSchema(), document);
+        rapidjson::MemoryStream stream(fText.data(), fText.size());
+        json::Reader reader;
+        Validator validator(JobSchema(), document);
         ExactNumbers numbers(validator);
-        rapidjson::Reader reader;
-        fResult = reader.Parse<kParseFlags>(fStream, numbers);
+        fResult = reader.Parse<kParseFlags>(stream, numbers);
         if (numbers.IsTooBig()) fResult.Set(rapidjson::kParseErrorNumberTooBig, fResult.Offset());
         fIsValid = validator.IsValid();
         if (fIsValid) return !fResult.IsError();
-        fBrokenRule = validator.GetInvalidSchemaKeyword();
+        fKeyword = validator.GetInvalidSchemaKeyword();
         fSchemaPlace = validator.GetInvalidSchemaPointer();
-        fPlace = validator.GetInvalidDocumentPointer();
+        fDocumentPlace = validator.GetInvalidDocumentPointer();
         return false;
     }
 
-    rapidjson::MemoryStream fStream;
+    const std::string& fText;
     rapidjson::ParseResult fResult;
     bool fIsValid = true;
-    const char* fBrokenRule = nullptr;  ///< the rest only where the text is not valid
-    rapidjson::Pointer fSchemaPlace;
-    rapidjson::Pointer fPlace;
+    const char* fKeyword = "";  // of the rule that is broken
+    json::Pointer fSchemaPlace;
+    json::Pointer fDocumentPlace;
+
+private:
+    using Validator =
+        rapidjson::GenericSchemaValidator<json::Schema, json::Document, json::Allocator>;
 };
 
 /// What the broken rule at a place of the schema asks for, if it is a word or a list of words.
-std::string AskedFor(const rapidjson::Pointer& schemaPlace, const char* keyword)
+std::string AskedFor(const json::Pointer& schemaPlace, const char* keyword)
 {
-    rapidjson::Document schema;
+    json::Document schema;
     schema.Parse(kJobSchema.data(), kJobSchema.size());
-    const rapidjson::Value* place = schemaPlace.Get(schema);
+    const json::Value* place = schemaPlace.Get(schema);
     if (!place || !place->IsObject() || !place->HasMember(keyword)) return {};
-    const rapidjson::Value& rule = (*place)[keyword];
+    const json::Value& rule = (*place)[keyword];
     if (rule.IsInt()) return std::to_string(rule.GetInt());
     if (rule.IsString()) return rule.GetString();
     std::string words;
@@ -117,7 +119,7 @@ std::string LineText(std::string_view text, std::size_t offset)
 }
 
 /// The place of the first key that stands twice in one object; empty where none does.
-std::string FindRepeatedKey(const rapidjson::Value& value, const std::string& place)
+std::string FindRepeatedKey(const json::Value& value, const std::string& place)
 {
     std::string found;
     if (value.IsArray()) {
@@ -137,9 +139,9 @@ std::string FindRepeatedKey(const rapidjson::Value& value, const std::string& pl
     return found;
 }
 
-std::string PlaceText(const rapidjson::Pointer& place)
+std::string PlaceText(const json::Pointer& place)
 {
-    rapidjson::StringBuffer buffer;
+    json::StringBuffer buffer;
     place.Stringify(buffer);
     std::string text = buffer.GetSize() > 0 ? buffer.GetString() : "the job";
     constexpr std::size_t kLongest = 100;
@@ -152,10 +154,10 @@ std::string PlaceText(const rapidjson::Pointer& place)
 
 }  // namespace
 
-rapidjson::Document ParseJob(const std::string& text, const std::string& name)
+json::Document ParseJob(const std::string& text, const std::string& name)
 {
     JobReader reader(text);
-    rapidjson::Document document;
+    json::Document document;
     document.Populate(reader);
     const rapidjson::ParseResult& result = reader.fResult;
     if (!result.IsError()) {
@@ -166,10 +168,11 @@ rapidjson::Document ParseJob(const std::string& text, const std::string& name)
     if (reader.fIsValid)
         throw JobError(fmt::format("{}: no JSON at {}: {}", name, LineText(text, result.Offset()),
                                    rapidjson::GetParseError_En(result.Code())));
-    const RuleRow& rule = RuleOf(reader.fBrokenRule);
-    std::string line = fmt::format("{}: {}: {}", name, PlaceText(reader.fPlace), rule.fMeaning);
+    const RuleRow& rule = RuleOf(reader.fKeyword);
+    std::string line =
+        fmt::format("{}: {}: {}", name, PlaceText(reader.fDocumentPlace), rule.fMeaning);
     if (rule.fTellsBound)
-        line += fmt::format(" (the rule: {})", AskedFor(reader.fSchemaPlace, reader.fBrokenRule));
+        line += fmt::format(" (the rule: {})", AskedFor(reader.fSchemaPlace, reader.fKeyword));
     throw JobError(line);
 }
 

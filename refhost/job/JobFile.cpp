@@ -24,7 +24,7 @@ namespace refhost {
 
 namespace {
 
-using rapidjson::Value;
+using json::Value;
 
 constexpr QORT_Format kDefaultNumberFormat = {8, 5, 2};
 constexpr QORT_Format kDefaultStringFormat = {8, 1, 0};
@@ -202,7 +202,7 @@ Job ReadJobFile(const std::string& file)
 
 Job ReadJobText(const std::string& text, const std::string& name, const std::string& folder)
 {
-    const rapidjson::Document document = ParseJob(text, name);
+    const json::Document document = ParseJob(text, name);
     return JobReading(name, folder).Read(document);
 }
 

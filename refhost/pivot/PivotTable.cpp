@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <new>
 
 #include "refhost/pivot/CellText.h"
 #include "refhost/pivot/PivotTableImpl.h"
@@ -102,6 +103,7 @@ BpPivotTable::Impl::~Impl()
     if (!fOutput) return;
     try {
         Send();
+    } catch (const std::bad_alloc&) {  // as where a node can't be written
     } catch (...) {
         fOutput->Fail(std::current_exception());
     }

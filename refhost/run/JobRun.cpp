@@ -1,6 +1,7 @@
 #include "refhost/run/JobRun.h"
 
 #include "refhost/run/Installation.h"
+#include "refhost/run/MemoryWatch.h"
 #include "refhost/run/OutputPlace.h"
 #include "refhost/run/PluginLibrary.h"
 #include "refhost/run/Progress.h"
@@ -145,8 +146,6 @@ public:
             fProgress.Show(done);
             fSink.BeginSplit(done);
             const RunOutcome outcome = RunSplit(split, end);
-            fOutput.ThrowFailure();
-            fSink.EndSplit();
             if (outcome != RunOutcome::Done) return outcome;
             ++done;
         }
@@ -159,6 +158,8 @@ private:
     {
         ForgetReadFailure();
         ForgetBrokenInvariant();
+        fMemory.Forget();
+        HostRun::Current().fChartText = 0;
         SplitResult& result = fSplits.front();
         const bool isFileRead = ReadFile(split.fDocument, result.fDocument);
         result.fSplitVariables = split.fVariables;
@@ -170,11 +171,19 @@ private:
         try {
             isRead = fProcedure.ProcessSplits(fNoDocuments, fSplits);
         } catch (const InvariantBroken&) {  // told below, as where the procedure swallowed it
+        } catch (const std::bad_alloc&) {   // likewise
         }
+        fOutput.ThrowFailure();
+        fSink.EndSplit();
         if (const std::string* invariant = BrokenInvariant()) {
             end.fFailure = *invariant;
             Tell(fmt::format("{} breaks an invariant: {}", split.fDocument, *invariant));
             return RunOutcome::InvariantBroken;
+        }
+        if (fMemory.RanOut() && !LastReadFailure()) {
+            end.fNotice = fmt::format("out of memory in {}", split.fDocument);
+            Tell(end.fNotice);
+            return RunOutcome::OutOfMemory;
         }
         if (isRead) return RunOutcome::Done;
         Tell(fmt::format("{} can't be read: {}", split.fDocument, UnreadableReason(isFileRead)));
@@ -188,6 +197,7 @@ private:
     OutputSink& fSink;
     OutputBuilder& fOutput;
     Progress fProgress;
+    MemoryWatch fMemory;
     std::vector<std::string> fNoDocuments;
     std::vector<SplitResult> fSplits = std::vector<SplitResult>(1);
 };

@@ -18,7 +18,7 @@ struct RunOptions {
     bool fQuiet = false;       ///< no progress
 };
 
-enum class RunOutcome { Done, Unreadable, InvariantBroken, Interrupted };
+enum class RunOutcome { Done, Unreadable, InvariantBroken, Interrupted, OutOfMemory };
 
 /// Runs a job: every split through the plug-in, its output to its place. What keeps a split from
 /// being done is told on standard error in one line. Throws `RunFailure` where the job, an option

@@ -1,5 +1,6 @@
 #include "refhost/run/QueuedSink.h"
 
+#include <new>
 #include <utility>
 
 namespace refhost {
@@ -105,13 +106,21 @@ void QueuedSink::WriteBatches()
     }
 }
 
+void QueuedSink::WriteNode(OutputNodePtr node)
+{
+    try {
+        fNext->Node(std::move(node));
+    } catch (const std::bad_alloc&) {  // what was written before it is to stand
+    }
+}
+
 void QueuedSink::Write(Batch& batch)
 {
     for (Event& event : batch) {
         if (auto* const opening = std::get_if<Opening>(&event))
             fNext->OpenHeading(std::move(opening->fLabel));
         else if (auto* const node = std::get_if<OutputNodePtr>(&event))
-            fNext->Node(std::move(*node));
+            WriteNode(std::move(*node));
         else
             fNext->CloseHeading();
     }

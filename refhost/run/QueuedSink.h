@@ -49,6 +49,7 @@ private:
     void Settle();
     void WriteBatches();
     void Write(Batch& batch);
+    void WriteNode(OutputNodePtr node);
 
     std::unique_ptr<OutputSink> fNext;
     Batch fGathered;

@@ -1,12 +1,13 @@
 #include "refhost/strings/TextTable.h"
 
-#include <rapidjson/document.h>
 #include <rapidjson/error/en.h>
 #include <rapidjson/istreamwrapper.h>
 
 #include <fmt/format.h>
 #include <fstream>
 #include <utility>
+
+#include "refhost/json/JsonTypes.h"
 
 namespace refhost {
 
@@ -20,7 +21,7 @@ constexpr unsigned kParseFlags =
     rapidjson::kParseIterativeFlag | rapidjson::kParseValidateEncodingFlag;
 
 template <class Map>
-bool LayOver(const rapidjson::Value& texts, Map& map, std::string& reason)
+bool LayOver(const json::Value& texts, Map& map, std::string& reason)
 {
     for (const auto& [key, text] : texts.GetObject()) {
         if (!text.IsString()) {
@@ -43,7 +44,7 @@ bool TextTable::Load(const std::string& file, std::string& reason)
         return false;
     }
     rapidjson::IStreamWrapper input(stream);
-    rapidjson::Document document;
+    json::Document document;
     document.ParseStream<kParseFlags>(input);
     if (document.HasParseError()) {
         reason =

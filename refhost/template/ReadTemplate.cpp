@@ -3,6 +3,7 @@
 #include <pugixml.hpp>
 
 #include <algorithm>
+#include <new>
 
 #include "refhost/template/ReadParts.h"
 #include "refhost/template/RepairTemplate.h"
@@ -192,8 +193,15 @@ private:
 
 std::optional<tree::Visualization> ReadTemplate(std::string_view text)
 {
+    // By `new`, so that whoever watches over memory learns of it where there is none.
+    static const bool kIsSet = [] {
+        pugi::set_memory_management_functions(
+            [](std::size_t size) { return ::operator new(size, std::nothrow); },
+            [](void* block) { ::operator delete(block); });
+        return true;
+    }();
     const auto repaired = RepairTemplate(text);
-    if (!repaired) return std::nullopt;
+    if (!repaired || !kIsSet) return std::nullopt;
     pugi::xml_document document;
     if (!document.load_buffer(repaired->data(), repaired->size(), tree::kParseOptions,
                               pugi::encoding_utf8)) {

@@ -6,7 +6,8 @@ namespace refhost {
 enum ExitCode : int {
     kExitDone = 0,        ///< every split went through
     kExitUnreadable = 1,  ///< a result document could not be read; earlier splits are in the output
-    kExitWrong = 2,       ///< the job, an option or a file is wrong, or output can't be written
+    kExitWrong = 2,       ///< the job, an option or a file is wrong, output can't be written, or
+                          ///< memory ran out
     kExitInvariant =
         3,  ///< a document broke an invariant; what was written before is in the output
     kExitInterrupted = 130  ///< stopped by the user; the splits that were done are in the output

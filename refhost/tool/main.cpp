@@ -22,6 +22,8 @@ int ExitCodeOf(refhost::RunOutcome outcome)
             return refhost::kExitInvariant;
         case refhost::RunOutcome::Interrupted:
             return refhost::kExitInterrupted;
+        case refhost::RunOutcome::OutOfMemory:
+            return refhost::kExitWrong;
     }
     return refhost::kExitWrong;
 }

@@ -70,7 +70,13 @@ public:
 
     void Node(OutputNodePtr node) override
     {
-        std::visit([this](const auto& content) { Append(content); }, node->fContent);
+        const std::size_t whole = fMarkup.size();
+        try {
+            std::visit([this](const auto& content) { Append(content); }, node->fContent);
+        } catch (...) {
+            fMarkup.resize(whole);  // half a node would break the page around it
+            throw;
+        }
         if (fMarkup.size() > kLargeMarkup) Hand(/*flush=*/false);
     }
 
@@ -90,15 +96,15 @@ private:
     void Append(const TableNode& table)
     {
         const std::string id = "t" + std::to_string(++fTables);
-        AddEntry("table", id, Shown(table.fTitle));
         AppendTable(fMarkup, table, id, fLanguage);
+        AddEntry("table", id, Shown(table.fTitle));
     }
 
     void Append(const ChartNode& chart)
     {
         const std::string id = "c" + std::to_string(++fCharts);
-        AddEntry("chart", id, chart.fTitle.empty() ? Word("untitled") : chart.fTitle);
         AppendChart(fMarkup, chart, id, fLanguage);
+        AddEntry("chart", id, chart.fTitle.empty() ? Word("untitled") : chart.fTitle);
     }
 
     void Append(const ErrorNode& error)

@@ -1,10 +1,9 @@
 #pragma once
 
-#include <rapidjson/writer.h>
-
 #include <cstdint>
 #include <string_view>
 
+#include "refhost/json/JsonTypes.h"
 #include "refhost/writers/ByteOutput.h"
 
 namespace refhost {
@@ -49,7 +48,7 @@ private:
     };
 
     /// The library's writer with line breaks behind commas.
-    class LineWriter : public rapidjson::Writer<Stream> {
+    class LineWriter : public json::Writer<Stream> {
     public:
         using Writer::Writer;
         void BeginObject();

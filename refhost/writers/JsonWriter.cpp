@@ -1,7 +1,9 @@
 #include "refhost/writers/JsonWriter.h"
 
 #include <algorithm>
+#include <new>
 
+#include "refhost/document/WriteFailure.h"
 #include "refhost/writers/ByteOutput.h"
 #include "refhost/writers/JsonEmitter.h"
 
@@ -367,7 +369,14 @@ public:
 
     void CloseHeading() override { fNodes.Close(); }
 
-    void Node(OutputNodePtr node) override { fNodes.Write(*node); }
+    void Node(OutputNodePtr node) override
+    {
+        try {
+            fNodes.Write(*node);
+        } catch (const std::bad_alloc&) {
+            throw WriteFailure("out of memory");  // half a node is no JSON any more
+        }
+    }
 
     void End(const RunEnd& end) override
     {

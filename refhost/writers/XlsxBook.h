@@ -34,13 +34,13 @@ public:
     void Close();
 
 private:
-    struct CloseUnfinished {
-        void operator()(lxw_workbook* book) const { workbook_close(book); }
+    struct Discard {
+        void operator()(lxw_workbook* book) const { lxw_workbook_free(book); }
     };
     lxw_format* MakeStyle(Style style);
 
     std::string fFile;
-    std::unique_ptr<lxw_workbook, CloseUnfinished> fBook;
+    std::unique_ptr<lxw_workbook, Discard> fBook;
     std::map<Style, lxw_format*> fStyles;
     std::map<std::pair<int, std::string>, lxw_format*> fNumberFormats;
     std::size_t fSheets = 0;

@@ -1,5 +1,6 @@
 """What the examples give: the record in JSON, and workbooks that a spreadsheet can read."""
 import difflib
+import itertools
 import json
 import os
 import re
@@ -36,16 +37,31 @@ class Records(Case):
                 self.assertGreater(len(list(nodes(output["output"], "table"))), 5)
 
     def test_the_same_bytes_come_out_anywhere(self):
-        for path in EXAMPLES[:3]:
-            records = {
-                self.run_tool("run", path, "--format", "json", "--language", "en", **place).stdout
-                for place in (
-                    {},
-                    {"environment": {"LC_ALL": "tr_TR.UTF-8", "TZ": "Asia/Kathmandu"}},
-                    {"environment": {"LANG": "de_DE.UTF-8"}, "cwd": "/"},
+        places = (
+            {},
+            {"environment": {"LC_ALL": "tr_TR.UTF-8", "TZ": "Asia/Kathmandu"}},
+            {"environment": {"LANG": "de_DE.UTF-8"}, "cwd": "/"},
+        )
+        for path, output_format in itertools.product(EXAMPLES, ("json", "html", "text", "xlsx")):
+            with self.subTest(path.parent.name, format=output_format):
+                first, *others = (
+                    self.bytes_of(path, output_format, number, place)
+                    for number, place in enumerate(places)
                 )
-            }
-            self.assertEqual(len(records), 1, path)
+                self.assertGreater(len(first), 1)
+                self.assertEqual([first] * len(others), others)
+
+    def bytes_of(self, path, output_format, number, place):
+        """The bytes of the output and of each chart's file, by name."""
+        folder = self.folder / f"{path.parent.name}.{output_format}.{number}"
+        folder.mkdir()
+        out = folder / "out"
+        run = self.run_tool(
+            "run", path, "--format", output_format, "--language", "en",
+            "-o", out, "--charts", folder / "charts", **place,
+        )
+        self.assertEqual(run.returncode, 0, run.stderr)
+        return {str(f.relative_to(folder)): f.read_bytes() for f in folder.rglob("*") if f.is_file()}
 
     def test_the_golden_records_hold(self):
         for name in GOLDEN:
@@ -66,6 +82,7 @@ class Workbooks(Case):
         self.assertEqual(run.returncode, 0, run.stderr)
         with zipfile.ZipFile(self.folder / "book.xlsx") as book:
             self.assertIsNone(book.testzip())
+            self.assertIn(b">1980-01-01T00:00:00Z<", book.read("docProps/core.xml"), "no time of its own")
             names = [n for n in book.namelist() if re.fullmatch(r"xl/worksheets/sheet\d+\.xml", n)]
             return [ElementTree.fromstring(book.read(name)) for name in names]
 

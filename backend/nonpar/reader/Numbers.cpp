@@ -1,7 +1,9 @@
 #include "reader/Numbers.h"
 
 #include <algorithm>
+#include <iterator>
 #include <string_view>
+#include <utility>
 
 #include "reader/NOPRXMLGeneral.h"
 
@@ -18,15 +20,29 @@ double NumberOf(const std::string& token)
     return token == kMissingToken ? MissingValue : String2Double(token);
 }
 
+/// A row may hold millions of numbers, and a token takes many times the room of a number: a text is
+/// taken in pieces that end between tokens, or whole where blanks may stand within one.
+std::size_t PieceLength(const std::string& text, std::size_t begin)
+{
+    constexpr std::size_t kPiece = 1U << 20U;
+    if (text.size() - begin <= kPiece) return text.size() - begin;
+    if (begin == 0 && text.find('"') != std::string::npos) return text.size();
+    return std::min(text.find_first_of(" \t\r\n", begin + kPiece), text.size()) - begin;
+}
+
 template <class Number>
 void Parse(const std::string& text, std::vector<Number>& list,
            Number (*numberOf)(const std::string&))
 {
+    std::vector<Number> numbers;
     std::vector<std::string> tokens;
-    SplitToToken(text, tokens);
-    if (tokens.empty()) return;
-    list.resize(tokens.size());
-    std::ranges::transform(tokens, list.begin(), numberOf);
+    for (std::size_t begin = 0, length = 0; begin < text.size(); begin += length) {
+        length = PieceLength(text, begin);
+        tokens.clear();
+        SplitToToken(length == text.size() ? text : text.substr(begin, length), tokens);
+        std::transform(tokens.begin(), tokens.end(), std::back_inserter(numbers), numberOf);
+    }
+    if (!numbers.empty()) list = std::move(numbers);
 }
 
 }  // namespace

@@ -3,6 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <stdexcept>
+
+#include "support/CollectedOutput.h"
 
 using refhost::ChartValue;
 
@@ -45,4 +48,21 @@ TEST(ChartData, PassesOverWhatItCannotPlace)
     ASSERT_EQ(data.GetImpl().Sources()[0].fColumns.size(), 1u);
     EXPECT_TRUE(data.GetImpl().Sources()[0].fColumns[0].fValues.empty());
     EXPECT_EQ(data.GetImpl().Sources()[0].fRows, 0u);
+}
+
+TEST(ChartData, LeavesAChartOutWhoseTextsHaveNoEnd)
+{
+    const CollectedOutput output;
+    VarDataProcessor data;
+    data.AddDataSource("s", 0);
+    data.AddVariable("s", "a", nullptr);
+    const std::string megabyte(1U << 20U, 'x');
+    int row = 0;
+    for (; row < 64; ++row)
+        data.SetStringVariableValue("s", "a", row, megabyte);
+    EXPECT_TRUE(output.All<refhost::ErrorNode>().empty());
+    EXPECT_THROW(data.SetStringVariableValue("s", "a", row, megabyte), std::length_error);
+    EXPECT_EQ(output.All<refhost::ErrorNode>().size(), 1u);
+    for (; row < 1000; ++row)
+        EXPECT_NO_THROW(data.SetStringVariableValue("s", "a", row, "a label"));
 }

@@ -1,0 +1,110 @@
+"""Memory that runs out, allocation by allocation, and disks that are full.
+
+NONPAR_FAULT_STRIDE=1 tries every allocation; the default tries some of each step of the run.
+"""
+import collections
+import json
+import os
+import resource
+import signal
+import sys
+import unittest
+
+from tool_support import BUILD, EXAMPLES, TOOL, Case, document, job
+
+LIBRARY = BUILD / "lib" / "fail_allocations.so"
+IS_SANITIZED = b"__asan_init" in TOOL.read_bytes()
+
+# What a run says where memory runs out, by its exit code.
+LINES = {
+    0: (),
+    1: ("can't be read: the document is too large for the memory", "can't be read: the file can't be read"),
+    2: ("out of memory", "annot allocate memory"),
+}
+
+
+@unittest.skipIf(IS_SANITIZED, "sanitizers have an allocator of their own")
+class Memory(Case):
+    def setUp(self):
+        super().setUp()
+        example = next(path for path in EXAMPLES if path.parent.name == "mobility")
+        content = json.loads(example.read_text())
+        content["splits"][0]["document"] = str(example.parent / "mobility.xml")
+        content["splits"] *= 2
+        self.job = self.write("job.json", content)
+
+    def try_each(self, output_format, stride, stays):
+        """Goes through the allocations of a run of two splits; all that it writes stands in one folder."""
+        out = self.folder / output_format
+        name = f"out.{output_format}"
+        arguments = ["run", self.job, "--format", output_format, "-o", out / name]
+        environment = {"LD_PRELOAD": str(LIBRARY), "FAULT_COUNT": str(self.folder / "count")}
+        out.mkdir(exist_ok=True)
+        self.assertEqual(self.run_tool(*arguments, environment=environment).returncode, 0)
+        whole = (out / name).read_bytes()
+        count = int((self.folder / "count").read_text())
+        self.assertGreater(count, 1000)
+        if stays:
+            environment["FAULT_STAYS"] = "1"
+        ends = collections.Counter()
+        for number in range(0, count, int(os.environ.get("NONPAR_FAULT_STRIDE", stride))):
+            (out / name).unlink(missing_ok=True)
+            run = self.run_tool(*arguments, environment={**environment, "FAULT_AT": str(number)})
+            code, errors = run.returncode, run.stderr.decode()
+            ends[code, errors] += 1
+            with self.subTest(allocation=number, format=output_format, stays=stays):
+                self.assertIn(code, LINES, errors)
+                self.assertEqual(len(errors.splitlines()), min(code, 1), errors)
+                written = (out / name).read_bytes() if (out / name).exists() else None
+                if code:
+                    self.assertTrue(any(line in errors for line in LINES[code]), errors)
+                else:
+                    self.assertEqual(written, whole)
+                self.assertLessEqual({path.name for path in out.iterdir()}, {name}, "half written")
+                self.check(output_format, written, code)
+        if "NONPAR_FAULT_STRIDE" in os.environ:
+            print(output_format, "stays" if stays else "once", sum(ends.values()), file=sys.stderr)
+            for (code, line), times in ends.most_common():
+                print(f"  {times} {code} {line.strip()}", file=sys.stderr)
+
+    def check(self, output_format, written, code):
+        if written is None:
+            return
+        if output_format == "json":
+            output = json.loads(written)
+            self.assertIs(output["result"], code == 0)
+        if output_format == "html":
+            self.assertTrue(written.endswith(b"</html>"))
+            self.assertEqual(written.count(b"<section"), written.count(b"</section>"))
+
+    def test_each_allocation_may_fail_once(self):
+        for output_format, stride in (("json", 79), ("html", 199), ("text", 189)):
+            self.try_each(output_format, stride, stays=False)
+
+    def test_memory_may_be_gone_from_any_allocation_on(self):
+        self.try_each("json", 161, stays=True)
+
+
+def limit_files(size):
+    signal.signal(signal.SIGXFSZ, signal.SIG_IGN)  # a write then fails as on a full disk
+    resource.setrlimit(resource.RLIMIT_FSIZE, (size, size))
+
+
+class FullDisks(Case):
+    def test_a_disk_that_fills_up_is_told_in_one_line(self):
+        """The limit of a file's size stands for a disk: of every format some bytes find room."""
+        self.write("0.xml", document())
+        path = self.write("job.json", job([{"document": "0.xml"}] * 50))
+        for output_format in ("json", "html", "text", "xlsx"):
+            for size in (0, 1000, 20000):
+                with self.subTest(output_format, size=size):
+                    out = self.write(f"out.{output_format}", "earlier")
+                    run = self.run_tool("run", path, "-o", out, preexec_fn=lambda: limit_files(size))
+                    self.assertEqual(run.returncode, 2, run.stderr)
+                    self.assert_one_line(run, str(out))
+                    self.assertEqual(out.read_text(), "earlier")
+                    self.assertEqual(list(self.folder.glob("*.part")), [])
+
+
+if __name__ == "__main__":
+    unittest.main()
