@@ -51,42 +51,44 @@ std::size_t EntityLength(std::string_view text)
     return end + 1;
 }
 
+/// What stands for a character so that a parser gives it back; empty where it stands for itself. An
+/// "&" is looked at by its surroundings.
+std::string_view EscapeOf(char c)
+{
+    switch (c) {
+        case '<':
+            return "&lt;";
+        case '>':
+            return "&gt;";
+        case '"':
+            return "&quot;";
+        case '\n':
+            return "&#10;";
+        case '\r':
+            return "&#13;";
+        case '\t':
+            return "&#9;";
+        case '\0':
+            return "\xEF\xBF\xBD";
+        case '&':
+            return "&amp;";
+        default:
+            return {};
+    }
+}
+
 /// Appends character data so that a parser gives back the very same.
 void AppendEscaped(std::string& out, std::string_view label)
 {
+    std::size_t plain = 0;  // from here on nothing is written yet
     for (std::size_t at = 0; at < label.size(); ++at) {
-        switch (const char c = label[at]) {
-            case '<':
-                out += "&lt;";
-                break;
-            case '>':
-                out += "&gt;";
-                break;
-            case '"':
-                out += "&quot;";
-                break;
-            case '\n':
-                out += "&#10;";
-                break;
-            case '\r':
-                out += "&#13;";
-                break;
-            case '\t':
-                out += "&#9;";
-                break;
-            case '\0':
-                out += "\xEF\xBF\xBD";
-                break;
-            case '&': {
-                const std::size_t length = EntityLength(label.substr(at));
-                out += length == 0 ? "&amp;" : label.substr(at, length);
-                at += length == 0 ? 0 : length - 1;
-                break;
-            }
-            default:
-                out += c;
-        }
+        const std::string_view escape = EscapeOf(label[at]);
+        if (escape.empty()) continue;
+        if (label[at] == '&' && EntityLength(label.substr(at)) > 0) continue;
+        out.append(label.substr(plain, at - plain)).append(escape);
+        plain = at + 1;
     }
+    out.append(label.substr(plain));
 }
 
 class Repair {
@@ -95,7 +97,7 @@ public:
 
     std::optional<std::string> Run()
     {
-        while (fAt < fText.size()) {
+        while ((fAt = std::min(fText.find('<', fAt), fText.size())) < fText.size()) {
             if (Skip("<!--", "-->") || Skip("<?", "?>")) continue;
             const Tag tag = TagAt(fAt);
             if (!tag.fElement) {

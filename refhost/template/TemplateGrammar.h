@@ -69,13 +69,7 @@ inline constexpr GrammarRow kGrammar[] = {
 inline constexpr std::string_view kTextElement = "text";
 
 /// Null for a name that is no element of the language.
-constexpr const GrammarRow* FindElement(std::string_view name)
-{
-    for (const GrammarRow& row : kGrammar) {
-        if (row.fElement == name) return &row;
-    }
-    return nullptr;
-}
+const GrammarRow* FindElement(std::string_view name);
 
 constexpr bool HasAttribute(const GrammarRow& row, std::string_view name)
 {
