@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Writes the seeds of the fuzzers from the examples and the jobs of the browser tests:
+"""Writes the seeds of the fuzzers from the examples, the jobs of the browser tests and a made document:
 
     make_seeds.py NONPAR FOLDER
 
@@ -12,6 +12,7 @@ import json
 import shutil
 import subprocess
 import sys
+import tempfile
 import xml.etree.ElementTree as ET
 from pathlib import Path
 
@@ -70,10 +71,24 @@ def frame(root, tests, infos):
     return ET.tostring(part, encoding="unicode")
 
 
+def infos_of(root, test):
+    """Those of the fields that the test names first; some charts are drawn from them."""
+    named = [a.get("value", "").split() for a in test.iter("Attribute") if a.get("name") == "%0"]
+    return [info for info in root.iter("FieldInfo") if named and info.get("varIndex") in named[0]]
+
+
+def all_kinds():
+    """A document with a test of every kind and every table that it can have."""
+    with tempfile.TemporaryDirectory() as folder:
+        size = ["4", "22", "6", "1"]  # fields, tests, bars, splits
+        subprocess.run([sys.executable, ROOT / "bench/scale.py", *size, folder], check=True, stdout=subprocess.DEVNULL)
+        return ET.parse(Path(folder) / "large.xml")
+
+
 def document_parts():
     seen = set()
-    for file in DOCUMENTS:
-        root = ET.parse(file).getroot()
+    for tree in [*map(ET.parse, DOCUMENTS), all_kinds()]:
+        root = tree.getroot()
         rename_fields(root)
         for test in root.iter("Algorithm"):
             keys = [a.get("value") for a in test.iter("Attribute") if a.get("name") == "ConditionKey"]
@@ -81,7 +96,7 @@ def document_parts():
             kind = (test.get("name"), *keys, *blocks)
             if kind not in seen:
                 seen.add(kind)
-                yield frame(root, [test], [])
+                yield frame(root, [test], infos_of(root, test))
         infos = list(root.iter("FieldInfo"))
         kind = (len(infos), len(list(root.iter("DataField"))))
         if infos and kind not in seen:
