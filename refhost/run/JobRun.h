@@ -25,7 +25,4 @@ enum class RunOutcome { Done, Unreadable, InvariantBroken, Interrupted, OutOfMem
 /// or a file is wrong, and `WriteFailure` where output can't be written.
 RunOutcome RunJob(const RunOptions& options);
 
-/// Asks the run to stop behind the split that is under way; for a signal handler.
-void InterruptRun() noexcept;
-
 }  // namespace refhost
