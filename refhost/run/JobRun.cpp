@@ -9,6 +9,7 @@
 #include <sys/ioctl.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <filesystem>
 
 #include <fmt/format.h>
@@ -16,6 +17,7 @@
 #include "refhost/job/JobFile.h"
 #include "refhost/strings/TextTable.h"
 #include "refhost/writers/ChartFiles.h"
+#include "refhost/writers/PartedSink.h"
 #include "refhost/writers/Writers.h"
 
 namespace refhost {
@@ -79,6 +81,15 @@ std::string TemplateFolder(const RunOptions& options, const Installation& instal
     throw RunFailure(fmt::format("{} is no folder of templates", options.fTemplates));
 }
 
+/// In several processes where the sink can be put together from parts.
+SplitEnd RunAllSplits(const SplitPlan& plan, OutputSink& sink, std::size_t jobs)
+{
+    auto* const parted = dynamic_cast<PartedSink*>(&sink);
+    const std::size_t processes = std::min(jobs, plan.fJob.fSplits.size());
+    if (!parted || processes < 2) return RunSplits(plan, sink);
+    return RunSplitsApart(plan, *parted, processes);
+}
+
 Job ReadJob(const std::string& file)
 {
     try {
@@ -109,7 +120,8 @@ RunOutcome RunJob(const RunOptions& options)
     OutputPlace place(OutputFile(options, writer));
     const std::unique_ptr<OutputSink> sink = MakeSink(options, writer, place);
     TextTable::Activate(&texts);
-    const SplitEnd end = RunSplits({job, plugin, host, language, options.fQuiet}, *sink);
+    const SplitEnd end =
+        RunAllSplits({job, plugin, host, language, options.fQuiet}, *sink, options.fJobs);
     TextTable::Activate(nullptr);
     if (!end.fLine.empty()) fmt::print(stderr, "nonpar: {}\n", end.fLine);
     sink->End(end.fEnd);

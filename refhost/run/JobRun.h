@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 
 namespace refhost {
@@ -16,6 +17,7 @@ struct RunOptions {
     std::string fChartFolder;  ///< where each chart goes as a document of its own; nowhere if empty
     bool fPatterns = false;    ///< patterns in place of colours
     bool fQuiet = false;       ///< no progress
+    std::size_t fJobs = 1;     ///< processes that work on splits at the same time
 };
 
 enum class RunOutcome { Done, Unreadable, InvariantBroken, Interrupted, OutOfMemory };

@@ -73,14 +73,16 @@ class Interruptions(Case):
     def test_a_second_interruption_ends_at_once(self):
         self.write("0.xml", large_document())
         self.write("job.json", job([{"document": "0.xml"}] * 3))
-        self.write("out.json", "earlier")
-        process = self.start_tool("run", "job.json", "-o", "out.json")
-        wait_for(lambda: list(self.folder.glob("*.part")))
-        process.send_signal(signal.SIGINT)
-        process.send_signal(signal.SIGTERM)  # two of the same could be taken for one
-        self.assertIn(process.wait(timeout=60), ENDED)
-        self.assertEqual((self.folder / "out.json").read_text(), "earlier")
-        self.assertEqual(list(self.folder.glob("*.part")), [])
+        for jobs in (1, 2):
+            with self.subTest(jobs):
+                self.write("out.json", "earlier")
+                process = self.start_tool("run", "job.json", "--jobs", jobs, "-o", "out.json")
+                wait_for(lambda: list(self.folder.glob("*.part")))
+                process.send_signal(signal.SIGINT)
+                process.send_signal(signal.SIGTERM)  # two of the same could be taken for one
+                self.assertIn(process.wait(timeout=60), ENDED)
+                self.assertEqual((self.folder / "out.json").read_text(), "earlier")
+                self.assertEqual(list(self.folder.glob("*.part")), [])
 
     def test_a_run_that_waits_for_its_reader_can_be_ended(self):
         self.write("0.xml", large_document())
@@ -112,12 +114,13 @@ class ProgressOfSplits(Case):
     def test_one_line_tells_what_is_done_and_what_is_left(self):
         self.write("0.xml", document())
         self.write("job.json", job([{"document": "0.xml"}] * 8000))
-        for columns, line in (
-            (80, rb"\[#+\.*\] \d+ of 8000 splits, \d+ s left"),
-            (18, rb"\d+ of 8000 [split]+"),
+        for columns, jobs, line in (
+            (80, 1, rb"\[#+\.*\] \d+ of 8000 splits, \d+ s left"),
+            (80, 2, rb"\[#+\.*\] \d+ of 8000 splits, \d+ s left"),
+            (18, 1, rb"\d+ of 8000 [split]+"),
         ):
-            with self.subTest(columns=columns):
-                shown = self.seen(columns=columns).split(CLEAR)
+            with self.subTest(columns=columns, jobs=jobs):
+                shown = self.seen("--jobs", jobs, columns=columns).split(CLEAR)
                 self.assertEqual((shown[0], shown[-1]), (b"", b""), "it is cleared")
                 self.assertGreater(len(shown), 3)
                 self.assertLess(max(map(len, shown)), columns, "it would wrap")
@@ -125,8 +128,9 @@ class ProgressOfSplits(Case):
 
     def test_a_failure_stands_behind_the_cleared_line(self):
         self.write_job([document()] * 5 + [""])
-        shown = self.seen().split(CLEAR)
-        self.assertRegex(shown[-1], rb"^nonpar: .*5.xml can't be read: [^\r\n]*\r\n$")
+        for jobs in (1, 2):
+            shown = self.seen("--jobs", jobs).split(CLEAR)
+            self.assertRegex(shown[-1], rb"^nonpar: .*5.xml can't be read: [^\r\n]*\r\n$")
 
     def test_nothing_is_shown_where_nobody_wants_it(self):
         self.write_job([document()])

@@ -61,6 +61,9 @@ class Endings(Case):
             ("texts that are none", [good, "--texts", "texts.json"], ["texts.json"]),
             ("no folder to write into", [good, "-o", "none/out.html"], ["none/out.html"]),
             ("an unknown option", [good, "--frobnicate"], ["frobnicate"]),
+            ("no jobs", [good, "--jobs", "0"], ["--jobs"]),
+            ("jobs below none", [good, "--jobs", "-2"], ["--jobs"]),
+            ("jobs that are no number", [good, "--jobs", "two"], ["--jobs"]),
         ]
         before = sorted(self.folder.iterdir())
         for reason, arguments, parts in rows:
