@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 
 namespace refhost {
@@ -16,6 +17,7 @@ struct RunOptions {
     std::string fChartFolder;  ///< where each chart goes as a document of its own; nowhere if empty
     bool fPatterns = false;    ///< patterns in place of colours
     bool fQuiet = false;       ///< no progress
+    std::size_t fJobs = 1;     ///< processes that work on splits at the same time
 };
 
 enum class RunOutcome { Done, Unreadable, InvariantBroken, Interrupted, OutOfMemory };
@@ -24,8 +26,5 @@ enum class RunOutcome { Done, Unreadable, InvariantBroken, Interrupted, OutOfMem
 /// being done is told on standard error in one line. Throws `RunFailure` where the job, an option
 /// or a file is wrong, and `WriteFailure` where output can't be written.
 RunOutcome RunJob(const RunOptions& options);
-
-/// Asks the run to stop behind the split that is under way; for a signal handler.
-void InterruptRun() noexcept;
 
 }  // namespace refhost

@@ -10,6 +10,7 @@
 #include <cstring>
 
 #include "refhost/document/WriteFailure.h"
+#include "refhost/run/Interruption.h"
 #include "refhost/run/RunFailure.h"
 
 namespace refhost {
@@ -38,10 +39,12 @@ OutputPlace::OutputPlace(const std::string& file) : fFile(file)
     if (descriptor < 0)
         throw RunFailure(fmt::format("{} can't be written: {}", file, std::strerror(errno)));
     close(descriptor);
+    SetUnfinishedFile(fPath.c_str());
 }
 
 OutputPlace::~OutputPlace()
 {
+    SetUnfinishedFile(nullptr);
     if (!fPath.empty() && !fIsKept) std::remove(fPath.c_str());
 }
 
@@ -50,6 +53,7 @@ void OutputPlace::Keep()
     if (fPath.empty() || fIsKept) return;
     if (std::rename(fPath.c_str(), fFile.c_str()) != 0)
         throw WriteFailure(fmt::format("{} can't be written: {}", fFile, std::strerror(errno)));
+    SetUnfinishedFile(nullptr);
     fIsKept = true;
 }
 

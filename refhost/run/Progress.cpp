@@ -1,25 +1,49 @@
 #include "refhost/run/Progress.h"
 
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 #include <fmt/format.h>
+#include <algorithm>
 #include <cstdio>
-#include <string>
 
 namespace refhost {
 
 namespace {
 
-constexpr std::size_t kBarWidth = 30;
+constexpr std::size_t kLongestBar = 30;
+constexpr std::size_t kShortestBar = 5;
+constexpr std::size_t kBrackets = 3;              // and a blank
+constexpr std::size_t kUsualColumns = 80;         // where the terminal doesn't tell
 constexpr std::chrono::milliseconds kPause(100);  // a faster bar flickers and costs time
 
+std::size_t Columns()
+{
+    winsize size{};
+    const bool isTold = ioctl(STDERR_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0;
+    return isTold ? size.ws_col : kUsualColumns;
+}
+
 }  // namespace
+
+std::string ProgressLine(std::size_t done, std::size_t splits, const std::string& left,
+                         std::size_t columns)
+{
+    const std::size_t room = std::max<std::size_t>(columns, 1) - 1;
+    std::string text = fmt::format("{} of {} splits", done, splits);
+    const std::string timed = fmt::format("{}, {} left", text, left);
+    if (!left.empty() && timed.size() <= room) text = timed;
+    if (text.size() + kBrackets + kShortestBar > room) return text.substr(0, room);
+    const std::size_t bar = std::min(kLongestBar, room - text.size() - kBrackets);
+    const std::size_t filled = bar * done / splits;
+    return fmt::format("[{:#<{}}{:.<{}}] {}", "", filled, "", bar - filled, text);
+}
 
 Progress::Progress(std::size_t splits, bool quiet)
     : fSplits(splits),
       fIsShown(!quiet && splits > 1 && isatty(STDERR_FILENO) == 1),
-      fStart(Clock::now()),
-      fLastShown(fStart - kPause)
+      fTimeLeft(splits),
+      fLastShown(TimeLeft::Clock::now() - kPause)
 {
 }
 
@@ -30,19 +54,14 @@ Progress::~Progress()
 
 void Progress::Show(std::size_t done)
 {
-    const Clock::time_point now = Clock::now();
-    if (!fIsShown || now - fLastShown < kPause) return;
+    if (!fIsShown) return;
+    const auto now = TimeLeft::Clock::now();
+    if (now - fLastShown < kPause) return;
     fLastShown = now;
-    const std::size_t filled = kBarWidth * done / fSplits;
-    std::string left;
-    if (done > 0) {
-        const double elapsed = std::chrono::duration<double>(now - fStart).count();
-        const double rest =
-            elapsed / static_cast<double>(done) * static_cast<double>(fSplits - done);
-        left = fmt::format(", {:.0f} s left", rest);
-    }
-    fmt::print(stderr, "\r\x1b[K[{}{}] {} of {} splits{}", std::string(filled, '#'),
-               std::string(kBarWidth - filled, '.'), done, fSplits, left);
+    fTimeLeft.Note(done, now);
+    const auto left = fTimeLeft.Estimate();
+    fmt::print(stderr, "\r\x1b[K{}",
+               ProgressLine(done, fSplits, left ? DurationText(*left) : "", Columns()));
     std::fflush(stderr);
 }
 

@@ -1,7 +1,9 @@
 #pragma once
 
-#include <chrono>
 #include <cstddef>
+#include <string>
+
+#include "refhost/run/TimeLeft.h"
 
 namespace refhost {
 
@@ -19,12 +21,14 @@ public:
     void Show(std::size_t done);
 
 private:
-    using Clock = std::chrono::steady_clock;
-
     std::size_t fSplits;
     bool fIsShown;
-    Clock::time_point fStart;
-    Clock::time_point fLastShown;
+    TimeLeft fTimeLeft;
+    TimeLeft::Clock::time_point fLastShown;
 };
+
+/// A bar and what it says, in fewer columns than the terminal has, or it would wrap and stay.
+std::string ProgressLine(std::size_t done, std::size_t splits, const std::string& left,
+                         std::size_t columns);
 
 }  // namespace refhost

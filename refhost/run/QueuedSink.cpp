@@ -13,10 +13,10 @@ constexpr std::size_t kBatch = 64;
 
 }  // namespace
 
-QueuedSink::QueuedSink(std::unique_ptr<OutputSink> next)
-    : fNext(std::move(next)), fThread([this] { WriteBatches(); })
+QueuedSink::QueuedSink(OutputSink& next) : fNext(next)
 {
     fGathered.reserve(kBatch);
+    fThread = std::thread([this] { WriteBatches(); });
 }
 
 QueuedSink::~QueuedSink()
@@ -30,18 +30,18 @@ QueuedSink::~QueuedSink()
     fThread.join();
 }
 
-void QueuedSink::Begin(const RunStart& start) { fNext->Begin(start); }
+void QueuedSink::Begin(const RunStart& start) { fNext.Begin(start); }
 
 void QueuedSink::BeginSplit(std::size_t split)
 {
     Settle();
-    fNext->BeginSplit(split);
+    fNext.BeginSplit(split);
 }
 
 void QueuedSink::EndSplit()
 {
     Settle();
-    fNext->EndSplit();
+    fNext.EndSplit();
 }
 
 void QueuedSink::OpenHeading(TextRef label) { Add(Opening{std::move(label)}); }
@@ -53,7 +53,7 @@ void QueuedSink::Node(OutputNodePtr node) { Add(std::move(node)); }
 void QueuedSink::End(const RunEnd& end)
 {
     Settle();
-    fNext->End(end);
+    fNext.End(end);
 }
 
 void QueuedSink::Add(Event event)
@@ -109,7 +109,7 @@ void QueuedSink::WriteBatches()
 void QueuedSink::WriteNode(OutputNodePtr node)
 {
     try {
-        fNext->Node(std::move(node));
+        fNext.Node(std::move(node));
     } catch (const std::bad_alloc&) {  // what was written before it is to stand
     }
 }
@@ -118,11 +118,11 @@ void QueuedSink::Write(Batch& batch)
 {
     for (Event& event : batch) {
         if (auto* const opening = std::get_if<Opening>(&event))
-            fNext->OpenHeading(std::move(opening->fLabel));
+            fNext.OpenHeading(std::move(opening->fLabel));
         else if (auto* const node = std::get_if<OutputNodePtr>(&event))
             WriteNode(std::move(*node));
         else
-            fNext->CloseHeading();
+            fNext.CloseHeading();
     }
 }
 

@@ -2,7 +2,6 @@
 
 #include <condition_variable>
 #include <exception>
-#include <memory>
 #include <mutex>
 #include <thread>
 #include <variant>
@@ -17,7 +16,7 @@ namespace refhost {
 /// the other sink is thrown by a later call; what came behind it is dropped.
 class QueuedSink : public OutputSink {
 public:
-    explicit QueuedSink(std::unique_ptr<OutputSink> next);
+    explicit QueuedSink(OutputSink& next);
 
     /// Drops what was not written.
     ~QueuedSink() override;
@@ -51,7 +50,7 @@ private:
     void Write(Batch& batch);
     void WriteNode(OutputNodePtr node);
 
-    std::unique_ptr<OutputSink> fNext;
+    OutputSink& fNext;
     Batch fGathered;
 
     std::mutex fMutex;

@@ -7,6 +7,12 @@
 
 namespace refhost {
 
+namespace {
+
+constexpr int kMostJobs = 1000000;  // no more than splits are started
+
+}  // namespace
+
 std::optional<RunOptions> ReadCommandLine(int argc, char** argv, int& exitCode)
 {
     RunOptions options;
@@ -27,6 +33,10 @@ std::optional<RunOptions> ReadCommandLine(int argc, char** argv, int& exitCode)
                     "Language of the output, en or de (default: that of the environment)");
     run->add_option("--charts", options.fChartFolder,
                     "A folder for each chart as a .vl.json of its own");
+    run->add_option("--jobs", options.fJobs,
+                    "Splits to work on at the same time, each in a process of its own "
+                    "(default: 1; not with xlsx or --charts, where it is always 1)")
+        ->check(CLI::Range(1, kMostJobs));
     run->add_flag("--quiet", options.fQuiet, "No progress on the terminal");
     try {
         app.parse(argc, argv);

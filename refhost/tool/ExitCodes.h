@@ -10,7 +10,7 @@ enum ExitCode : int {
                           ///< memory ran out
     kExitInvariant =
         3,  ///< a document broke an invariant; what was written before is in the output
-    kExitInterrupted = 130  ///< stopped by the user; the splits that were done are in the output
+    kExitInterrupted = 130  ///< stopped by the user; what was written until then is in the output
 };
 
 }  // namespace refhost

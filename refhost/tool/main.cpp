@@ -3,13 +3,20 @@
 #include <iostream>
 #include <new>
 
+#include "refhost/run/Interruption.h"
 #include "refhost/run/JobRun.h"
 #include "refhost/tool/CommandLine.h"
 #include "refhost/tool/ExitCodes.h"
 
 namespace {
 
-void OnInterrupt(int /*signal*/) { refhost::InterruptRun(); }
+/// The first asks for an orderly end, the second ends at once.
+void OnInterrupt(int signal)
+{
+    if (refhost::InterruptRun()) return;
+    std::signal(signal, SIG_DFL);
+    std::raise(signal);
+}
 
 int ExitCodeOf(refhost::RunOutcome outcome)
 {

@@ -5,6 +5,7 @@
 
 #include <cerrno>
 #include <system_error>
+#include <utility>
 
 #include "refhost/document/WriteFailure.h"
 
@@ -67,6 +68,12 @@ void ByteOutput::Close()
     if (!fOwned) return;
     fOwned = false;
     if (::close(fDescriptor) != 0) Fail(errno);  // some file systems tell of a full disk only here
+}
+
+std::string ByteOutput::Take()
+{
+    Flush();
+    return std::exchange(fKept, {});
 }
 
 void ByteOutput::Fail(int reason) const

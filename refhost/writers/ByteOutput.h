@@ -18,6 +18,9 @@ public:
     /// Appends to a text, which outlives this object.
     explicit ByteOutput(std::string& text) : fText(&text) {}
 
+    /// Keeps all bytes until they are taken.
+    ByteOutput() : fText(&fKept) {}
+
     /// Gives up what was not flushed: `Close` is the way to end well.
     ~ByteOutput();
     ByteOutput(const ByteOutput&) = delete;
@@ -45,6 +48,9 @@ public:
     /// Flushes, and closes a file.
     void Close();
 
+    /// What was kept since the last call.
+    std::string Take();
+
 private:
     static constexpr std::size_t kPiece = 1U << 16U;
 
@@ -55,6 +61,7 @@ private:
     void Send(std::string_view bytes);
     [[noreturn]] void Fail(int reason) const;
 
+    std::string fKept;
     std::string* fText = nullptr;
     std::string fName;
     int fDescriptor = -1;

@@ -34,6 +34,14 @@ void HtmlOutline::Close()
     SpillLarge();
 }
 
+void HtmlOutline::Add(std::string_view entries)
+{
+    if (entries.empty()) return;
+    fIsEmpty = false;
+    fPiece.append(entries);
+    SpillLarge();
+}
+
 void HtmlOutline::SpillLarge()
 {
     if (fPiece.size() < kLargePiece) return;

@@ -19,6 +19,9 @@ public:
     void Open(std::string_view kind, std::string_view id, std::string_view label);
     void Close();
 
+    /// Entries as another outline wrote them.
+    void Add(std::string_view entries);
+
     bool IsEmpty() const { return fIsEmpty; }
 
     /// Writes the entries, and is then empty.

@@ -1,6 +1,7 @@
 #include "refhost/writers/HtmlWriter.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "refhost/vega/VegaTheme.h"
 #include "refhost/writers/ByteOutput.h"
@@ -32,25 +33,30 @@ std::string Policy()
     return policy;
 }
 
-class HtmlWriter final : public OutputSink {
+class HtmlWriter final : public PartedSink {
 public:
     explicit HtmlWriter(std::unique_ptr<ByteOutput> output) : fOutput(std::move(output)) {}
 
     void Begin(const RunStart& start) override
     {
-        fLanguage = start.fLanguage.empty() ? "en" : start.fLanguage;
+        SetLanguage(start);
         fTitle = start.fTitle.empty() ? Word("results") : start.fTitle;
         WritePageUpTo("results");
         Hand();
     }
 
-    void BeginSplit(std::size_t) override {}
+    /// Ids are counted in each split from the start, so that they don't hang on those before it.
+    void BeginSplit(std::size_t split) override
+    {
+        fIdPrefix = split == 0 ? std::string() : "p" + std::to_string(split + 1) + "-";
+        fHeadings = fTables = fCharts = 0;
+    }
 
     void EndSplit() override { Hand(); }
 
     void OpenHeading(TextRef text) override
     {
-        const std::string id = "s" + std::to_string(++fHeadings);
+        const std::string id = NextId('s', fHeadings);
         const std::string name = HeadingElement();
         const std::string_view label = Shown(text);
         fOutline.Open("heading", id, label);
@@ -88,21 +94,51 @@ public:
         fOutput->Close();
     }
 
+    std::unique_ptr<PartedSink> ForParts(const RunStart& start) const override
+    {
+        auto parts = std::make_unique<HtmlWriter>(std::make_unique<ByteOutput>());
+        parts->SetLanguage(start);
+        return parts;
+    }
+
+    SplitPart TakePart() override
+    {
+        SplitPart part{.fBytes = fOutput->Take(), .fHasCharts = std::exchange(fHasCharts, false)};
+        fOutline.MoveTo(*fOutput);
+        part.fOutline = fOutput->Take();
+        return part;
+    }
+
+    void PutPart(const SplitPart& part) override
+    {
+        Hand(/*flush=*/false);
+        fOutput->Write(part.fBytes);
+        fOutput->Flush();
+        fOutline.Add(part.fOutline);
+        fHasCharts = fHasCharts || part.fHasCharts;
+    }
+
 private:
+    void SetLanguage(const RunStart& start)
+    {
+        fLanguage = start.fLanguage.empty() ? "en" : start.fLanguage;
+    }
+
     std::string_view Word(std::string_view key) const { return ReportWord(fLanguage, key); }
 
     // --- nodes ---
 
     void Append(const TableNode& table)
     {
-        const std::string id = "t" + std::to_string(++fTables);
+        const std::string id = NextId('t', fTables);
         AppendTable(fMarkup, table, id, fLanguage);
         AddEntry("table", id, Shown(table.fTitle));
     }
 
     void Append(const ChartNode& chart)
     {
-        const std::string id = "c" + std::to_string(++fCharts);
+        const std::string id = NextId('c', fCharts);
+        fHasCharts = true;
         AppendChart(fMarkup, chart, id, fLanguage);
         AddEntry("chart", id, chart.fTitle.empty() ? Word("untitled") : chart.fTitle);
     }
@@ -129,6 +165,11 @@ private:
     {
         fOutline.Open(kind, id, label);
         fOutline.Close();
+    }
+
+    std::string NextId(char kind, std::size_t& count) const
+    {
+        return fIdPrefix + kind + std::to_string(++count);
     }
 
     // --- the page around them ---
@@ -197,7 +238,7 @@ private:
 
     void FillFooter()
     {
-        if (fCharts == 0) return;
+        if (!fHasCharts) return;
         fMarkup.append("<footer class=\"page-end\"><details><summary>").append(Word("licences"));
         fMarkup.append("</summary>\n<pre>");
         AppendMarkupText(fMarkup, web::kNotices);
@@ -206,7 +247,7 @@ private:
 
     void FillCharts()
     {
-        if (fCharts == 0) return;
+        if (!fHasCharts) return;
         fMarkup.append("<script type=\"application/json\" id=\"chart-themes\">{\"light\":");
         AppendScriptJson(fMarkup, VegaThemeText(VegaTheme::Light));
         fMarkup.append(",\"dark\":");
@@ -241,7 +282,9 @@ private:
     std::string_view fPage = web::kPage;  // what is not written yet
     HtmlOutline fOutline;
     RunEnd fEnd;
-    std::size_t fDepth = 0;     // of open headings
+    std::size_t fDepth = 0;  // of open headings
+    bool fHasCharts = false;
+    std::string fIdPrefix;      // of the current split
     std::size_t fHeadings = 0;  // for ids, which are never made of labels
     std::size_t fTables = 0;
     std::size_t fCharts = 0;
@@ -249,7 +292,7 @@ private:
 
 }  // namespace
 
-std::unique_ptr<OutputSink> MakeHtmlWriter(std::unique_ptr<ByteOutput> output)
+std::unique_ptr<PartedSink> MakeHtmlWriter(std::unique_ptr<ByteOutput> output)
 {
     return std::make_unique<HtmlWriter>(std::move(output));
 }

@@ -40,6 +40,12 @@ void JsonEmitter::Number(double number)
     fOutput.Write({text, static_cast<std::size_t>(end - text)});
 }
 
+void JsonEmitter::Members(std::string_view members)
+{
+    fWriter.Separate();
+    fOutput.Write(members);
+}
+
 void JsonEmitter::LineWriter::BeginObject()
 {
     Separate();
@@ -67,6 +73,13 @@ void JsonEmitter::LineWriter::EndArray()
     if (fBreaks) StartLine();
     WriteEndArray();
 }
+
+void JsonEmitter::LineWriter::BeginMembers()
+{
+    new (level_stack_.Push<Level>()) Level(/*inArray_=*/true);
+}
+
+void JsonEmitter::LineWriter::EndMembers() { level_stack_.Pop<Level>(1); }
 
 void JsonEmitter::LineWriter::Integer(std::int64_t number)
 {

@@ -31,6 +31,13 @@ public:
     void Bool(bool flag) { fWriter.Truth(flag); }
     void Null() { fWriter.Nothing(); }
 
+    /// Members of an array whose brackets are written elsewhere, as by another emitter.
+    void BeginMembers() { fWriter.BeginMembers(); }
+    void EndMembers() { fWriter.EndMembers(); }
+
+    /// One or more members as they were written elsewhere, with the line breaks before them.
+    void Members(std::string_view members);
+
     /// What comes next, its comma apart, begins on a new line, indented so deep.
     void BreakLine(unsigned depth) { fWriter.BreakLine(depth); }
 
@@ -55,6 +62,8 @@ private:
         void EndObject();
         void BeginArray();
         void EndArray();
+        void BeginMembers();
+        void EndMembers();
         void Integer(std::int64_t number);
         void Truth(bool flag);
         void Nothing();

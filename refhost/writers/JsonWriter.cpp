@@ -336,7 +336,7 @@ private:
     unsigned fDepth = kTopDepth;  // of the line that a node begins
 };
 
-class JsonWriter final : public OutputSink {
+class JsonWriter final : public PartedSink {
 public:
     explicit JsonWriter(std::unique_ptr<ByteOutput> output)
         : fOutput(std::move(output)), fJson(*fOutput), fNodes(fJson)
@@ -397,6 +397,26 @@ public:
         fOutput->Close();
     }
 
+    std::unique_ptr<PartedSink> ForParts(const RunStart&) const override
+    {
+        auto parts = std::make_unique<JsonWriter>(std::make_unique<ByteOutput>());
+        parts->fJson.BeginMembers();
+        return parts;
+    }
+
+    SplitPart TakePart() override
+    {
+        fJson.EndMembers();
+        fJson.BeginMembers();  // the first of the next part has no comma either
+        return {.fBytes = fOutput->Take()};
+    }
+
+    void PutPart(const SplitPart& part) override
+    {
+        if (!part.fBytes.empty()) fJson.Members(part.fBytes);
+        fOutput->Flush();
+    }
+
 private:
     std::unique_ptr<ByteOutput> fOutput;
     JsonEmitter fJson;
@@ -405,7 +425,7 @@ private:
 
 }  // namespace
 
-std::unique_ptr<OutputSink> MakeJsonWriter(std::unique_ptr<ByteOutput> output)
+std::unique_ptr<PartedSink> MakeJsonWriter(std::unique_ptr<ByteOutput> output)
 {
     return std::make_unique<JsonWriter>(std::move(output));
 }

@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "refhost/document/OutputSink.h"
+#include "refhost/writers/PartedSink.h"
 
 namespace refhost {
 
@@ -10,6 +10,6 @@ class ByteOutput;
 
 /// The complete, stable record of what was asked of the host, for tests and other programs; see
 /// docs/output-json.md.
-std::unique_ptr<OutputSink> MakeJsonWriter(std::unique_ptr<ByteOutput> output);
+std::unique_ptr<PartedSink> MakeJsonWriter(std::unique_ptr<ByteOutput> output);
 
 }  // namespace refhost

@@ -15,7 +15,7 @@ namespace {
 /// What underlines headings, outermost first; deeper ones take the last.
 constexpr std::string_view kUnderlines[] = {"═", "─", "·"};
 
-class TextWriter final : public OutputSink {
+class TextWriter final : public PartedSink {
 public:
     TextWriter(std::unique_ptr<ByteOutput> output, int terminalWidth)
         : fOutput(std::move(output)), fWidth(terminalWidth)
@@ -51,6 +51,26 @@ public:
             Paragraph("", end.fNotice);
         }
         fOutput->Close();
+    }
+
+    std::unique_ptr<PartedSink> ForParts(const RunStart& start) const override
+    {
+        auto parts = std::make_unique<TextWriter>(std::make_unique<ByteOutput>(), fWidth);
+        parts->fLanguage = start.fLanguage;
+        return parts;
+    }
+
+    SplitPart TakePart() override
+    {
+        fIsFirst = true;
+        return {.fBytes = fOutput->Take()};
+    }
+
+    void PutPart(const SplitPart& part) override
+    {
+        if (!part.fBytes.empty()) Part();
+        fOutput->Write(part.fBytes);
+        fOutput->Flush();
     }
 
 private:
@@ -136,7 +156,7 @@ private:
 
 }  // namespace
 
-std::unique_ptr<OutputSink> MakeTextWriter(std::unique_ptr<ByteOutput> output, int terminalWidth)
+std::unique_ptr<PartedSink> MakeTextWriter(std::unique_ptr<ByteOutput> output, int terminalWidth)
 {
     return std::make_unique<TextWriter>(std::move(output), terminalWidth);
 }

@@ -2,13 +2,13 @@
 
 #include <memory>
 
-#include "refhost/document/OutputSink.h"
+#include "refhost/writers/PartedSink.h"
 
 namespace refhost {
 
 class ByteOutput;
 
 /// Output for a terminal, or to be pasted into a mail: tables in box characters, charts in words.
-std::unique_ptr<OutputSink> MakeTextWriter(std::unique_ptr<ByteOutput> output, int terminalWidth);
+std::unique_ptr<PartedSink> MakeTextWriter(std::unique_ptr<ByteOutput> output, int terminalWidth);
 
 }  // namespace refhost

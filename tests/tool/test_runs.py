@@ -1,11 +1,8 @@
 """How a run ends: exit codes, the line on standard error, and what is written."""
 import os
-import signal
-import subprocess
-import time
 import unittest
 
-from tool_support import BUILD, EXAMPLES, TOOL, Case, document, job, nodes
+from tool_support import BUILD, EXAMPLES, Case, document, job, nodes
 
 
 class Endings(Case):
@@ -64,6 +61,9 @@ class Endings(Case):
             ("texts that are none", [good, "--texts", "texts.json"], ["texts.json"]),
             ("no folder to write into", [good, "-o", "none/out.html"], ["none/out.html"]),
             ("an unknown option", [good, "--frobnicate"], ["frobnicate"]),
+            ("no jobs", [good, "--jobs", "0"], ["--jobs"]),
+            ("jobs below none", [good, "--jobs", "-2"], ["--jobs"]),
+            ("jobs that are no number", [good, "--jobs", "two"], ["--jobs"]),
         ]
         before = sorted(self.folder.iterdir())
         for reason, arguments, parts in rows:
@@ -86,29 +86,6 @@ class Endings(Case):
         os.close(write_end)
         self.assertEqual(run.returncode, 2)
         self.assert_one_line(run)
-
-    def test_a_killed_run_leaves_what_was_there(self):
-        self.write("0.xml", document())
-        path = self.write("job.json", job([{"document": "0.xml"}] * 20000))
-        self.write("out.json", "earlier")
-        process = subprocess.Popen([TOOL, "run", path, "-o", self.folder / "out.json"])
-        time.sleep(0.2)
-        process.kill()
-        process.wait()
-        self.assertEqual((self.folder / "out.json").read_text(), "earlier")
-
-    def test_an_interrupted_run_keeps_the_splits_that_were_done(self):
-        self.write("0.xml", document())
-        path = self.write("job.json", job([{"document": "0.xml"}] * 50000))
-        process = subprocess.Popen(
-            [TOOL, "run", path, "-o", self.folder / "out.json"], stderr=subprocess.PIPE
-        )
-        time.sleep(0.5)
-        process.send_signal(signal.SIGINT)
-        _, errors = process.communicate(timeout=60)
-        self.assertEqual(process.returncode, 130)
-        self.assertIn(b"interrupted after", errors)
-        self.assertTrue((self.folder / "out.json").read_text().rstrip().endswith("}"))
 
 
 class Options(Case):

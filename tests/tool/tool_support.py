@@ -1,8 +1,10 @@
 """What the tests of the command line tool share: the tool itself, jobs and documents made by hand."""
 import json
 import os
+import signal
 import subprocess
 import tempfile
+import time
 import unittest
 from pathlib import Path
 
@@ -88,12 +90,37 @@ class Case(unittest.TestCase):
         self.assertEqual(run.returncode, 0, run.stderr)
         return json.loads(run.stdout)
 
+    def start_tool(self, *arguments, **options):
+        """A run that goes on by itself, in a process group of its own, as a terminal starts it."""
+        options.setdefault("stderr", subprocess.PIPE)
+        process = subprocess.Popen(
+            [TOOL, *map(str, arguments)], cwd=self.folder, start_new_session=True, **options
+        )
+        self.addCleanup(end, process)
+        return process
+
     def assert_one_line(self, run, *parts):
         """One line on standard error, which names what the parts say."""
         text = run.stderr.decode()
         self.assertEqual(len(text.strip().splitlines()), 1, text)
         for part in parts:
             self.assertIn(part, text)
+
+
+def end(process):
+    if process.poll() is None:
+        os.killpg(process.pid, signal.SIGKILL)
+    process.communicate()
+
+
+def wait_for(condition, seconds=20):
+    """What the condition gives as soon as it gives something."""
+    deadline = time.monotonic() + seconds
+    while not (found := condition()):
+        if time.monotonic() > deadline:
+            raise TimeoutError
+        time.sleep(0.005)
+    return found
 
 
 def nodes(node_list, kind):

@@ -56,6 +56,22 @@ TEST(HtmlWriter, MakesIdsOfCountersSoThatEqualLabelsStayApart)
                 testing::ElementsAre("s1", "t1", "s2", "t2", "s3", "t3"));
 }
 
+TEST(HtmlWriter, CountsIdsInEachSplitSoThatTheyDoNotHangOnOthers)
+{
+    std::string text;
+    const auto writer = MakeHtmlWriter(std::make_unique<ByteOutput>(text));
+    writer->Begin({});
+    for (const std::size_t split : {0U, 1U, 11U}) {
+        writer->BeginSplit(split);
+        for (int table = 0; table < 2; ++table)
+            writer->Node(NodeOf(PlainTable("Same", {"a"})));
+        writer->EndSplit();
+    }
+    writer->End({});
+    EXPECT_THAT(Matches(text, "<li><a class=\"table\" href=\"#([^\"]+)\""),
+                testing::ElementsAre("t1", "t2", "p2-t1", "p2-t2", "p12-t1", "p12-t2"));
+}
+
 TEST(HtmlWriter, WritesEachNodeAsItComes)
 {
     std::string text;

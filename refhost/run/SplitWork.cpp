@@ -1,0 +1,122 @@
+#include "refhost/run/SplitWork.h"
+
+#include "refhost/run/PluginLibrary.h"
+
+#include <filesystem>
+#include <fstream>
+#include <new>
+
+#include <fmt/format.h>
+
+#include "refhost/framework/InvariantBroken.h"
+#include "refhost/framework/ReadFailure.h"
+#include "refhost/job/Job.h"
+#include "refhost/pivot/PivotProcedure.h"
+
+#include "host/command/VarSpecObj.h"
+#include "host/framework/CFProcCustom.h"
+#include "host/pivot/BpProcedure.h"
+
+namespace refhost {
+
+namespace {
+
+/// False where the file can't be read; the text is then empty.
+bool ReadFile(const std::string& file, std::string& text)
+{
+    text.clear();
+    std::ifstream stream(file, std::ios::binary | std::ios::ate);
+    if (!stream || std::filesystem::is_directory(file)) return false;
+    text.resize(static_cast<std::size_t>(std::max<std::streamoff>(stream.tellg(), 0)));
+    stream.seekg(0);
+    stream.read(text.data(), static_cast<std::streamsize>(text.size()));
+    return static_cast<bool>(stream);
+}
+
+/// Why a document could not be read, with its place where that can be told.
+std::string UnreadableReason(bool isFileRead)
+{
+    if (!isFileRead) return "the file can't be read";
+    const ReadFailure* failure = LastReadFailure();
+    if (!failure) return "it is not the result document of a nonparametric test";
+    if (failure->fLine == 0) return failure->fReason;
+    return fmt::format("line {}, column {}: {}", failure->fLine, failure->fColumn,
+                       failure->fReason);
+}
+
+HostRun WithOutput(HostRun host, OutputBuilder& output)
+{
+    host.fOutput = &output;
+    return host;
+}
+
+}  // namespace
+
+SplitWork::SplitWork(const SplitPlan& plan, OutputSink& sink)
+    : fPlan(plan),
+      fSink(sink),
+      fOutput(sink),
+      fHost(WithOutput(plan.fHost, fOutput)),
+      fScope(fHost),
+      fTop(MakeProcedure(plan.fJob.fDataSource.get())),
+      fProcedure(plan.fPlugin.MakeProcedure())
+{
+    fProcedure->Attach(fTop.get(), plan.fJob.fDataSource.get());
+    fProcedure->SetExtraVariables(plan.fJob.fExtraVariable, plan.fJob.fExtraVariables);
+}
+
+SplitWork::~SplitWork() = default;
+
+RunStart SplitWork::Start() const
+{
+    const CommandDescriptor descriptor;
+    fProcedure->CollectAnalysisVariables(fPlan.fJob.fCommand.get(), &descriptor);
+    RunStart start;
+    start.fTitle = fPlan.fJob.fTitle;
+    start.fLanguage = fPlan.fLanguage;
+    start.fAnalysisVariables = fProcedure->GetAnalysisVariables();
+    start.fHasAnalysisVariables = !start.fAnalysisVariables.empty();
+    return start;
+}
+
+SplitEnd SplitWork::Run(std::size_t number)
+{
+    const JobSplit& split = fPlan.fJob.fSplits[number];
+    ForgetReadFailure();
+    ForgetBrokenInvariant();
+    fMemory.Forget();
+    fHost.fChartText = 0;
+    fSink.BeginSplit(number);
+    SplitResult& result = fSplits.front();
+    const bool isFileRead = ReadFile(split.fDocument, result.fDocument);
+    result.fSplitVariables = split.fVariables;
+    result.fSplitAsHeading = split.fAsHeading;
+    result.fSplitValues.clear();
+    for (const OBS& value : split.fValues)
+        result.fSplitValues.push_back(&value);
+    bool isRead = false;
+    try {
+        isRead = fProcedure->ProcessSplits(fNoDocuments, fSplits);
+    } catch (const InvariantBroken&) {  // told below, as where the procedure swallowed it
+    } catch (const std::bad_alloc&) {   // likewise
+    }
+    fOutput.ThrowFailure();
+    fSink.EndSplit();
+    SplitEnd end;
+    if (const std::string* invariant = BrokenInvariant()) {
+        end.fOutcome = RunOutcome::InvariantBroken;
+        end.fEnd.fFailure = *invariant;
+        end.fLine = fmt::format("{} breaks an invariant: {}", split.fDocument, *invariant);
+    } else if (fMemory.RanOut() && !LastReadFailure()) {
+        end.fOutcome = RunOutcome::OutOfMemory;
+        end.fLine = fmt::format("out of memory in {}", split.fDocument);
+        end.fEnd.fNotice = end.fLine;
+    } else if (!isRead) {
+        end.fOutcome = RunOutcome::Unreadable;
+        end.fLine =
+            fmt::format("{} can't be read: {}", split.fDocument, UnreadableReason(isFileRead));
+    }
+    return end;
+}
+
+}  // namespace refhost

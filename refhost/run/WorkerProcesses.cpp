@@ -1,0 +1,211 @@
+#include "refhost/run/WorkerProcesses.h"
+
+#include "refhost/run/Interruption.h"
+#include "refhost/run/RunFailure.h"
+
+#include <fcntl.h>
+#include <poll.h>
+#include <sys/mman.h>
+#include <sys/prctl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <cstring>
+#include <new>
+#include <utility>
+
+#include <fmt/format.h>
+
+#include "refhost/document/WriteFailure.h"
+
+namespace refhost {
+
+namespace {
+
+constexpr std::size_t kMostProcesses = 256;  // more are no faster on any machine
+constexpr std::size_t kNone = static_cast<std::size_t>(-1);
+constexpr int kPipeSize = 1 << 20;  // fewer changes between processes; a smaller one does too
+constexpr int kLookAgain = 100;     // milliseconds: an interruption may come between two calls
+
+[[noreturn]] void FailToStart()
+{
+    throw RunFailure(fmt::format("a process can't be started: {}", std::strerror(errno)));
+}
+
+std::string HowItEnded(int status)
+{
+    if (WIFSIGNALED(status))
+        return fmt::format("was ended by signal {} ({})", WTERMSIG(status),
+                           strsignal(WTERMSIG(status)));
+    return fmt::format("ended with exit code {}", WEXITSTATUS(status));
+}
+
+}  // namespace
+
+/// Memory that all processes see.
+struct WorkerProcesses::Shared {
+    std::atomic<std::size_t> fNext = 0;                           // that nobody has taken
+    std::array<std::atomic<std::size_t>, kMostProcesses> fTaken;  // by each worker, last
+
+    static Shared* Map()
+    {
+        void* memory = mmap(nullptr, sizeof(Shared), PROT_READ | PROT_WRITE,
+                            MAP_SHARED | MAP_ANONYMOUS, -1, 0);
+        if (memory == MAP_FAILED) FailToStart();
+        auto* shared = new (memory) Shared;
+        for (auto& taken : shared->fTaken)
+            taken = kNone;
+        return shared;
+    }
+
+    static void Unmap(Shared* shared) { munmap(shared, sizeof(Shared)); }
+};
+static_assert(std::atomic<std::size_t>::is_always_lock_free);
+
+struct WorkerProcesses::Worker {
+    pid_t fProcess = -1;
+    int fPipe = -1;             // -1: nothing more comes
+    std::size_t fLast = kNone;  // the split that came last
+    FinishedSplitReader fReader;
+    std::optional<FinishedSplit> fFinished;  // waits for its turn
+};
+
+std::optional<std::size_t> WorkerProcesses::Tasks::Take()
+{
+    const std::size_t split = fShared.fNext++;
+    if (split >= fSplits) return std::nullopt;
+    fShared.fTaken[fWorker] = split;
+    return split;
+}
+
+bool WorkerProcesses::Tasks::Send(FinishedSplit split)
+{
+    const bool isLast = split.fEnd.fOutcome != RunOutcome::Done || !split.fThrown.empty();
+    return SendFinishedSplit(fPipe, std::move(split)) && !isLast;
+}
+
+WorkerProcesses::WorkerProcesses(std::size_t processes, std::size_t splits, const Work& work)
+    : fShared(Shared::Map(), &Shared::Unmap)
+{
+    const std::size_t count = std::min({processes, splits, kMostProcesses});
+    try {
+        while (fWorkers.size() < count)
+            Start(splits, work);
+    } catch (...) {
+        EndAll();
+        throw;
+    }
+}
+
+WorkerProcesses::~WorkerProcesses() { EndAll(); }
+
+void WorkerProcesses::Start(std::size_t splits, const Work& work)
+{
+    auto worker = std::make_unique<Worker>();
+    std::array<int, 2> ends{};
+    if (pipe2(ends.data(), O_CLOEXEC) != 0) FailToStart();
+    const pid_t parent = getpid();
+    worker->fProcess = fork();
+    if (worker->fProcess < 0) {
+        const int reason = errno;
+        close(ends[0]);
+        close(ends[1]);
+        errno = reason;
+        FailToStart();
+    }
+    if (worker->fProcess == 0) {
+        // A terminal interrupts all processes; ours is then the one that ends the run.
+        std::signal(SIGINT, SIG_IGN);
+        std::signal(SIGTERM, SIG_IGN);
+        prctl(PR_SET_PDEATHSIG, SIGKILL);
+        if (getppid() != parent) _exit(0);
+        close(ends[0]);
+        for (const auto& other : fWorkers)  // or a pipe would outlive its reader
+            close(other->fPipe);
+        Tasks tasks(*fShared, fWorkers.size(), splits, ends[1]);
+        try {
+            work(tasks);
+        } catch (...) {  // found before a split was taken
+            _exit(1);
+        }
+        _exit(0);
+    }
+    close(ends[1]);
+    fcntl(ends[0], F_SETFL, O_NONBLOCK);
+    fcntl(ends[0], F_SETPIPE_SZ, kPipeSize);
+    worker->fPipe = ends[0];
+    fWorkers.push_back(std::move(worker));
+}
+
+std::optional<FinishedSplit> WorkerProcesses::Next()
+{
+    while (!IsInterrupted()) {
+        for (const auto& worker : fWorkers) {
+            if (!worker->fFinished || worker->fFinished->fSplit != fNext) continue;
+            ++fNext;
+            return std::exchange(worker->fFinished, std::nullopt);
+        }
+        Await();
+    }
+    return std::nullopt;
+}
+
+void WorkerProcesses::Await()
+{
+    std::vector<pollfd> pipes;
+    std::vector<Worker*> owners;
+    for (const auto& worker : fWorkers) {
+        if (worker->fPipe < 0 || worker->fFinished) continue;
+        pipes.push_back({worker->fPipe, POLLIN, 0});
+        owners.push_back(worker.get());
+    }
+    if (pipes.empty()) throw WriteFailure("the worker processes ended before all splits were done");
+    if (poll(pipes.data(), pipes.size(), kLookAgain) <= 0) return;
+    for (std::size_t place = 0; place < pipes.size(); ++place) {
+        if (pipes[place].revents == 0) continue;
+        Worker& worker = *owners[place];
+        if (!worker.fReader.Read(worker.fPipe)) {
+            Bury(worker);
+        } else if (worker.fReader.IsComplete()) {
+            worker.fFinished = worker.fReader.Take();
+            worker.fLast = static_cast<std::size_t>(worker.fFinished->fSplit);
+        }
+    }
+}
+
+void WorkerProcesses::Bury(Worker& worker)
+{
+    close(std::exchange(worker.fPipe, -1));
+    int status = 0;
+    while (waitpid(worker.fProcess, &status, 0) < 0 && errno == EINTR) {
+    }
+    worker.fProcess = -1;
+    const auto place = std::ranges::find(fWorkers, &worker, &std::unique_ptr<Worker>::get);
+    const std::size_t taken = fShared->fTaken[static_cast<std::size_t>(place - fWorkers.begin())];
+    if (status == 0) return;
+    if (taken == worker.fLast)
+        throw WriteFailure(fmt::format("a process of the run {}", HowItEnded(status)));
+    worker.fFinished.emplace();
+    worker.fFinished->fSplit = taken;
+    worker.fFinished->fThrown =
+        fmt::format("the process at work on split {} {}", taken + 1, HowItEnded(status));
+}
+
+void WorkerProcesses::EndAll()
+{
+    for (const auto& worker : fWorkers) {
+        if (worker->fPipe >= 0) close(worker->fPipe);
+        if (worker->fProcess > 0) kill(worker->fProcess, SIGKILL);
+    }
+    for (const auto& worker : fWorkers) {
+        if (worker->fProcess <= 0) continue;
+        while (waitpid(worker->fProcess, nullptr, 0) < 0 && errno == EINTR) {
+        }
+    }
+}
+
+}  // namespace refhost

@@ -1,0 +1,146 @@
+"""What a person at a terminal sees of a long run, and how one ends it."""
+import fcntl
+import json
+import os
+import pty
+import re
+import signal
+import struct
+import subprocess
+import termios
+import unittest
+
+from tool_support import Case, document, job, wait_for
+
+CLEAR = b"\r\x1b[K"
+TESTS = 15000  # in a split that takes a second
+ENDED = (-signal.SIGINT, -signal.SIGTERM)
+
+
+def large_document():
+    test = re.search("<Algorithm.*</Algorithm>", document())[0]
+    return document(tests=test * TESTS)
+
+
+class Interruptions(Case):
+    def part_of(self, size):
+        """Waits until so much of the output is written."""
+        return wait_for(lambda: [p for p in self.folder.glob("*.part") if p.stat().st_size > size])
+
+    def test_a_killed_run_leaves_what_was_there(self):
+        self.write("0.xml", document())
+        self.write("job.json", job([{"document": "0.xml"}] * 20000))
+        self.write("out.json", "earlier")
+        process = self.start_tool("run", "job.json", "-o", "out.json")
+        self.part_of(1000)
+        process.kill()
+        process.wait()
+        self.assertEqual((self.folder / "out.json").read_text(), "earlier")
+
+    def test_an_interrupted_run_keeps_what_it_has_written(self):
+        notice = rb"interrupted after \d+ of (\d+) splits"
+        self.write("0.xml", document())
+        self.write("1.xml", large_document())
+        rows = [
+            ("many splits", ["0.xml"] * 20000, b""),
+            ("within a split", ["1.xml"], b"; of the next, only a part is written"),
+        ]
+        for reason, documents, half in rows:
+            path = self.write("job.json", job([{"document": name} for name in documents]))
+            for output_format, mark in (("json", '"result": false'), ("html", "interrupted after"), ("text", "interrupted after")):
+                with self.subTest(reason, output_format=output_format):
+                    process = self.start_tool("run", path, "-o", f"out.{output_format}")
+                    self.part_of(100000)
+                    process.send_signal(signal.SIGINT)
+                    _, errors = process.communicate(timeout=60)
+                    self.assertEqual(process.returncode, 130)
+                    self.assertRegex(errors.strip(), b"^nonpar: " + notice + b"(" + half + b")?$")
+                    self.assertTrue(errors.strip().endswith(half))
+                    written = (self.folder / f"out.{output_format}").read_text()
+                    self.assert_whole(output_format, written, mark)
+                    self.assertEqual(list(self.folder.glob("*.part")), [])
+
+    def assert_whole(self, output_format, written, mark):
+        if output_format == "json":
+            self.assertIs(json.loads(written)["result"], False)
+            return
+        self.assertIn(mark, written)
+        if output_format == "html":
+            self.assertTrue(written.rstrip().endswith("</html>"))
+            for name in ("section", "figure", "table", "ul"):
+                self.assertEqual(len(re.findall(f"<{name}[ >]", written)), written.count(f"</{name}>"), name)
+
+    def test_a_second_interruption_ends_at_once(self):
+        self.write("0.xml", large_document())
+        self.write("job.json", job([{"document": "0.xml"}] * 3))
+        for jobs in (1, 2):
+            with self.subTest(jobs):
+                self.write("out.json", "earlier")
+                process = self.start_tool("run", "job.json", "--jobs", jobs, "-o", "out.json")
+                wait_for(lambda: list(self.folder.glob("*.part")))
+                process.send_signal(signal.SIGINT)
+                process.send_signal(signal.SIGTERM)  # two of the same could be taken for one
+                self.assertIn(process.wait(timeout=60), ENDED)
+                self.assertEqual((self.folder / "out.json").read_text(), "earlier")
+                self.assertEqual(list(self.folder.glob("*.part")), [])
+
+    def test_a_run_that_waits_for_its_reader_can_be_ended(self):
+        self.write("0.xml", large_document())
+        self.write("job.json", job([{"document": "0.xml"}]))
+        process = self.start_tool("run", "job.json", "--format", "json", stdout=subprocess.PIPE)
+        process.stdout.read(1)  # and no more
+        process.send_signal(signal.SIGINT)
+        process.send_signal(signal.SIGTERM)
+        self.assertIn(process.wait(timeout=60), ENDED)
+
+
+class ProgressOfSplits(Case):
+    def seen(self, *arguments, columns=80):
+        """What the terminal gets on standard error."""
+        ours, theirs = pty.openpty()
+        fcntl.ioctl(theirs, termios.TIOCSWINSZ, struct.pack("HHHH", 24, columns, 0, 0))
+        process = self.start_tool("run", "job.json", "-o", "out.json", *arguments, stderr=theirs)
+        os.close(theirs)
+        text = b""
+        try:
+            while piece := os.read(ours, 4096):
+                text += piece
+        except OSError:  # the terminal's other end is closed
+            pass
+        os.close(ours)
+        process.wait()
+        return text
+
+    def test_one_line_tells_what_is_done_and_what_is_left(self):
+        self.write("0.xml", document())
+        self.write("job.json", job([{"document": "0.xml"}] * 8000))
+        for columns, jobs, line in (
+            (80, 1, rb"\[#+\.*\] \d+ of 8000 splits, \d+ s left"),
+            (80, 2, rb"\[#+\.*\] \d+ of 8000 splits, \d+ s left"),
+            (18, 1, rb"\d+ of 8000 [split]+"),
+        ):
+            with self.subTest(columns=columns, jobs=jobs):
+                shown = self.seen("--jobs", jobs, columns=columns).split(CLEAR)
+                self.assertEqual((shown[0], shown[-1]), (b"", b""), "it is cleared")
+                self.assertGreater(len(shown), 3)
+                self.assertLess(max(map(len, shown)), columns, "it would wrap")
+                self.assertRegex(shown[-2], b"^" + line + b"$")
+
+    def test_a_failure_stands_behind_the_cleared_line(self):
+        self.write_job([document()] * 5 + [""])
+        for jobs in (1, 2):
+            shown = self.seen("--jobs", jobs).split(CLEAR)
+            self.assertRegex(shown[-1], rb"^nonpar: .*5.xml can't be read: [^\r\n]*\r\n$")
+
+    def test_nothing_is_shown_where_nobody_wants_it(self):
+        self.write_job([document()])
+        self.assertEqual(self.seen(), b"", "one split")
+        self.write_job([document()] * 5)
+        self.assertEqual(self.seen("--quiet"), b"")
+        self.assertNotEqual(self.seen(), b"")
+        run = self.run_tool("run", "job.json", "-o", "out.json")
+        self.assertEqual(run.stderr, b"", "no terminal")
+
+
+if __name__ == "__main__":
+    unittest.main()
