@@ -37,8 +37,9 @@ refhost::ChartSource::Column* VarDataProcessor::Impl::FindColumn(refhost::ChartS
                                                                  std::string_view name)
 {
     const std::size_t count = source.fColumns.size();
-    for (std::size_t step = 0; step < count; ++step) {
-        const std::size_t place = (fNextColumn + step) % count;
+    std::size_t place = fNextColumn;
+    for (std::size_t step = 0; step < count; ++step, ++place) {
+        if (place >= count) place = 0;
         if (source.fColumns[place].fName != name) continue;
         fNextColumn = place + 1;
         return &source.fColumns[place];

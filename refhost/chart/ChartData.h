@@ -26,6 +26,5 @@ private:
     refhost::ChartSource::Column* FindColumn(refhost::ChartSource& source, std::string_view name);
 
     std::vector<refhost::ChartSource> fSources;
-    std::size_t fNextColumn =
-        0;  // where the next value is expected: rows are set from left to right
+    std::size_t fNextColumn = 0;  // of the next value, most likely: rows are set from left to right
 };

@@ -1,6 +1,8 @@
 #include "host/framework/SDOMXMLWrapper.h"
 
+#include <array>
 #include <cstddef>
+#include <cstdint>
 #include <deque>
 #include <memory>
 #include <optional>
@@ -78,6 +80,17 @@ public:
         return &wrapper;
     }
 
+    /// The number of a name that a caller gives; nothing where nothing in the document bears it.
+    /// Few are asked for, again and again and mostly from the same place in memory.
+    std::optional<XmlTree::Name> NumberOf(const char* name)
+    {
+        Asked& asked = fAsked[reinterpret_cast<std::uintptr_t>(name) / alignof(void*) % kAsked];
+        if (asked.fPlace == name && fTree.Spelled(asked.fNumber) == name) return asked.fNumber;
+        const auto number = fTree.FindName(name);
+        if (number) asked = {name, *number};
+        return number;
+    }
+
     SDOMXMLIterator* NewIterator() { return &fIterators.emplace_back(this).fIterator; }
 
     const XmlTree fTree;
@@ -89,12 +102,19 @@ private:
         SDOMXMLIterator fIterator;
     };
 
+    struct Asked {
+        const char* fPlace = nullptr;
+        XmlTree::Name fNumber = 0;
+    };
+
     static constexpr std::size_t kBlockSize = 64;
+    static constexpr std::size_t kAsked = 64;
 
     std::size_t BlockCount() const { return fTree.ElementCount() / kBlockSize + 1; }
 
     std::vector<std::unique_ptr<SDOMXMLWrapper[]>> fBlocks;
     std::deque<KeptIterator> fIterators;
+    std::array<Asked, kAsked> fAsked;  // by place
 };
 
 SDOMXMLWrapper::SDOMXMLWrapper() = default;
@@ -132,7 +152,7 @@ const std::string& SDOMXMLWrapper::GetName() const
 std::optional<std::string_view> SDOMXMLWrapper::FindAttribute(const char* name) const
 {
     if (!fDocument || !name) return {};
-    const auto number = fDocument->fTree.FindName(name);
+    const auto number = fDocument->NumberOf(name);
     if (!number) return {};
     return fDocument->fTree.AttributeOf(fElement, *number);
 }
@@ -175,7 +195,7 @@ bool SDOMXMLWrapper::GetElementIterator(const char* name, SDOMXMLIterator** out,
 {
     if (!fDocument || !name || !out) return false;
     SDOMXMLIterator* const iterator = fDocument->NewIterator();
-    const auto number = fDocument->fTree.FindName(name);
+    const auto number = fDocument->NumberOf(name);
     if (number || *name == '\0') {
         iterator->fNext = fElement + 1;
         iterator->fEnd = fDocument->fTree.EndOf(fElement);

@@ -26,7 +26,8 @@ public:
     /// The name's number; nothing where nothing in the document bears it.
     std::optional<Name> FindName(std::string_view name) const;
 
-    const std::string& NameOf(Element element) const { return fNames[fElements[element].fName]; }
+    const std::string& Spelled(Name name) const { return fNames[name]; }
+    const std::string& NameOf(Element element) const { return Spelled(fElements[element].fName); }
     bool Bears(Element element, Name name) const { return fElements[element].fName == name; }
 
     /// The number behind an element's last descendant.

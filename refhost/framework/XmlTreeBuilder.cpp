@@ -1,6 +1,7 @@
 #include "refhost/framework/XmlTreeBuilder.h"
 
 #include <algorithm>
+#include <cstdint>
 
 namespace refhost {
 
@@ -80,8 +81,15 @@ bool XmlTreeBuilder::EndElement()
 
 bool XmlTreeBuilder::Intern(std::u16string_view name, XmlTree::Name& number)
 {
+    const KnownName*& recent =
+        fRecentNames[reinterpret_cast<std::uintptr_t>(name.data()) / alignof(void*) % kRecentNames];
+    if (recent && recent->first == name) {
+        number = recent->second;
+        return true;
+    }
     const auto known = fNameNumbers.find(name);
     if (known != fNameNumbers.end()) {
+        recent = &*known;
         number = known->second;
         return true;
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <limits>
 #include <string>
@@ -72,7 +73,14 @@ private:
             return std::hash<std::u16string_view>()(text);
         }
     };
-    std::unordered_map<std::u16string, XmlTree::Name, Hash, std::equal_to<>> fNameNumbers;
+    using Names = std::unordered_map<std::u16string, XmlTree::Name, Hash, std::equal_to<>>;
+    using KnownName = Names::value_type;
+    Names fNameNumbers;
+
+    // By the place in memory where the parser keeps a name; each is looked at before it is
+    // believed.
+    static constexpr std::size_t kRecentNames = 64;
+    std::array<const KnownName*, kRecentNames> fRecentNames{};
 };
 
 }  // namespace refhost
