@@ -16,6 +16,7 @@
 #include "refhost/writers/ByteOutput.h"
 #include "refhost/writers/HtmlWriter.h"
 #include "refhost/writers/JsonWriter.h"
+#include "refhost/writers/PartedSink.h"
 #include "refhost/writers/TextWriter.h"
 #include "refhost/writers/Writers.h"
 
@@ -30,7 +31,7 @@ using namespace refhost;
 using Bytes = std::unique_ptr<ByteOutput>;
 
 struct FormatRow {
-    std::unique_ptr<OutputSink> (*fMake)(Bytes output);
+    std::unique_ptr<PartedSink> (*fMake)(Bytes output);
     void (*fCheck)(std::string_view text);
 };
 
