@@ -2,8 +2,8 @@
 
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <optional>
-#include <sstream>
 #include <string_view>
 #include <unordered_set>
 
@@ -193,11 +193,11 @@ private:
 Job ReadJobFile(const std::string& file)
 {
     std::ifstream stream(file, std::ios::binary);
-    std::ostringstream text;
     if (!stream || std::filesystem::is_directory(file))
         throw JobError(fmt::format("{}: the job file can't be read", file));
-    text << stream.rdbuf();
-    return ReadJobText(text.str(), file, std::filesystem::path(file).parent_path().string());
+    // Not by `<<`, to which a text that memory cuts off is whole.
+    const std::string text{std::istreambuf_iterator<char>(stream), {}};
+    return ReadJobText(text, file, std::filesystem::path(file).parent_path().string());
 }
 
 Job ReadJobText(const std::string& text, const std::string& name, const std::string& folder)

@@ -26,6 +26,11 @@ BpHeading::Impl::Impl(refhost::OutputBuilder* output, refhost::HeadingNumber hea
 {
 }
 
+void BpHeading::Impl::Open(refhost::TextRef label)
+{
+    fHeading = fOutput->OpenHeading(std::move(label));
+}
+
 BpHeading::Impl::~Impl()
 {
     if (fOutput) fOutput->CloseHeading(fHeading);
@@ -39,9 +44,9 @@ BpHeading& BpHeading::operator=(BpHeading&&) noexcept = default;
 BpHeading BpHeading::Heading(const BpCellText& text)
 {
     refhost::OutputBuilder* output = Working(fImpl ? fImpl->Output() : nullptr);
-    const refhost::HeadingNumber heading =
-        output ? output->OpenHeading(refhost::Snapshot(text)) : 0;
-    return BpHeading(std::make_unique<Impl>(output, heading));
+    auto impl = std::make_unique<Impl>(output, 0);  // first, so that what is opened is closed
+    if (output) impl->Open(refhost::Snapshot(text));
+    return BpHeading(std::move(impl));
 }
 
 BpPivotTable BpHeading::PivotTable(const BpCellText& title, const BpCellText& subtype, bool)

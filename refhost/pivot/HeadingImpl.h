@@ -15,6 +15,9 @@ public:
 
     refhost::OutputBuilder* Output() const { return fOutput; }
 
+    /// Opens the heading that the destructor closes; there must be an output.
+    void Open(refhost::TextRef label);
+
 private:
     refhost::OutputBuilder* fOutput;
     refhost::HeadingNumber fHeading;

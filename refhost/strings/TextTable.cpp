@@ -43,6 +43,7 @@ bool TextTable::Load(const std::string& file, std::string& reason)
         reason = "it can't be opened";
         return false;
     }
+    stream.exceptions(std::ios::badbit);  // what is thrown while it is read, such as for memory
     rapidjson::IStreamWrapper input(stream);
     json::Document document;
     document.ParseStream<kParseFlags>(input);
