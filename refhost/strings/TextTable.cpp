@@ -46,7 +46,12 @@ bool TextTable::Load(const std::string& file, std::string& reason)
     stream.exceptions(std::ios::badbit);  // what is thrown while it is read, such as for memory
     rapidjson::IStreamWrapper input(stream);
     json::Document document;
-    document.ParseStream<kParseFlags>(input);
+    try {
+        document.ParseStream<kParseFlags>(input);
+    } catch (const std::ios_base::failure&) {  // a folder, a disk's fault
+        reason = "it can't be read";
+        return false;
+    }
     if (document.HasParseError()) {
         reason =
             fmt::format("{} At byte {}.", rapidjson::GetParseError_En(document.GetParseError()),
