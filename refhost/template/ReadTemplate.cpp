@@ -193,20 +193,16 @@ private:
 
 std::optional<tree::Visualization> ReadTemplate(std::string_view text)
 {
-    // By `new`, so that whoever watches over memory learns of it where there is none.
-    static const bool kIsSet = [] {
-        pugi::set_memory_management_functions(
-            [](std::size_t size) { return ::operator new(size, std::nothrow); },
-            [](void* block) { ::operator delete(block); });
-        return true;
-    }();
     const auto repaired = RepairTemplate(text);
-    if (!repaired || !kIsSet) return std::nullopt;
+    if (!repaired) return std::nullopt;
     pugi::xml_document document;
-    if (!document.load_buffer(repaired->data(), repaired->size(), tree::kParseOptions,
-                              pugi::encoding_utf8)) {
-        return std::nullopt;
+    const auto result = document.load_buffer(repaired->data(), repaired->size(),
+                                             tree::kParseOptions, pugi::encoding_utf8);
+    if (result.status == pugi::status_out_of_memory) {  // the library throws nothing
+        if (const std::new_handler handler = std::get_new_handler()) handler();
+        throw std::bad_alloc();
     }
+    if (!result) return std::nullopt;
     const auto root = document.child("visualization");
     return root ? std::optional(tree::Reader(root).Read()) : std::nullopt;
 }
