@@ -253,8 +253,12 @@ private:
         fMarkup.append(",\"dark\":");
         AppendScriptJson(fMarkup, VegaThemeText(VegaTheme::Dark));
         fMarkup.append("}</script>\n");
-        for (const WebAsset* script : kDrawing)
-            fMarkup.append("<script>").append(script->fText).append("</script>\n");
+        for (const WebAsset* script : kDrawing) {
+            fMarkup.append("<script>");
+            Hand(/*flush=*/false);
+            fOutput->Write(script->fText);  // large, and needs no gathering
+            fMarkup.append("</script>\n");
+        }
     }
 
     static constexpr PlaceRow kPlaces[] = {

@@ -40,6 +40,7 @@ void Parse(const std::string& text, std::vector<Number>& list,
         length = PieceLength(text, begin);
         tokens.clear();
         SplitToToken(length == text.size() ? text : text.substr(begin, length), tokens);
+        if (numbers.empty()) numbers.reserve(tokens.size());  // the list is kept as it is
         std::transform(tokens.begin(), tokens.end(), std::back_inserter(numbers), numberOf);
     }
     if (!numbers.empty()) list = std::move(numbers);
