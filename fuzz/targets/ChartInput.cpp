@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 #include <optional>
 
 #include "refhost/template/ChartDrawing.h"
@@ -35,6 +36,7 @@ std::optional<double> Number(const std::string& word)
 int Integer(const std::string& word, int least, int most)
 {
     const double number = Number(word).value_or(0.0);
+    if (std::isnan(number)) return least;
     return static_cast<int>(std::clamp(number, double{1} * least, double{1} * most));
 }
 

@@ -145,7 +145,12 @@ std::string PlaceText(const json::Pointer& place)
     place.Stringify(buffer);
     std::string text = buffer.GetSize() > 0 ? buffer.GetString() : "the job";
     constexpr std::size_t kLongest = 100;
-    if (text.size() > kLongest) text.replace(kLongest, std::string::npos, "...");
+    if (text.size() > kLongest) {
+        std::size_t end = kLongest;
+        while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0U) == 0x80U)
+            --end;  // no character is cut
+        text.replace(end, std::string::npos, "...");
+    }
     std::replace_if(
         text.begin(), text.end(),
         [](char character) { return static_cast<unsigned char>(character) < ' '; }, ' ');
