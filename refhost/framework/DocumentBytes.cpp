@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <cstring>
 
+#include "refhost/data/Characters.h"
+
 namespace refhost {
 
 namespace {
@@ -68,33 +70,6 @@ bool EndsInBlanks(std::string_view document, const ByteLayout& layout)
     return true;
 }
 
-/// The length of the well-formed UTF-8 character at the start of a text; 0 where there is none.
-std::size_t LengthOfCharacter(std::string_view text)
-{
-    struct Row {
-        std::uint8_t fFirst, fLast;  // of the leading byte
-        std::uint8_t fSecondFirst, fSecondLast;
-        std::size_t fLength;
-    };
-    // clang-format off
-    static constexpr Row kRows[] = {
-        {0x00, 0x7F, 0x00, 0x00, 1}, {0xC2, 0xDF, 0x80, 0xBF, 2}, {0xE0, 0xE0, 0xA0, 0xBF, 3},
-        {0xE1, 0xEC, 0x80, 0xBF, 3}, {0xED, 0xED, 0x80, 0x9F, 3}, {0xEE, 0xEF, 0x80, 0xBF, 3},
-        {0xF0, 0xF0, 0x90, 0xBF, 4}, {0xF1, 0xF3, 0x80, 0xBF, 4}, {0xF4, 0xF4, 0x80, 0x8F, 4},
-    };
-    // clang-format on
-    const auto byte = [&](std::size_t place) { return static_cast<std::uint8_t>(text[place]); };
-    for (const Row& row : kRows) {
-        if (byte(0) < row.fFirst || byte(0) > row.fLast) continue;
-        if (text.size() < row.fLength) return 0;
-        if (row.fLength > 1 && (byte(1) < row.fSecondFirst || byte(1) > row.fSecondLast)) return 0;
-        for (std::size_t place = 2; place < row.fLength; ++place)
-            if ((byte(place) & 0xC0U) != 0x80U) return 0;
-        return row.fLength;
-    }
-    return 0;
-}
-
 constexpr std::size_t kBlockBytes = sizeof(std::uint64_t);
 
 bool IsAsciiBlock(std::string_view text, std::size_t place)
@@ -138,9 +113,9 @@ std::optional<std::size_t> FindIllFormedUtf8(std::string_view document)
             place += kBlockBytes;
             continue;
         }
-        const std::size_t length = LengthOfCharacter(document.substr(place));
-        if (length == 0) return place;
-        place += length;
+        const Character character = FirstCharacter(document.substr(place));
+        if (character.fIsBroken) return place;
+        place += character.fBytes;
     }
     return {};
 }

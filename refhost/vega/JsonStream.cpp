@@ -5,6 +5,8 @@
 #include <cmath>
 #include <iterator>
 
+#include "refhost/data/Characters.h"
+#include "refhost/data/JsonEscape.h"
 #include "refhost/data/PlainRun.h"
 #include "refhost/data/ShortestNumber.h"
 
@@ -13,43 +15,6 @@ namespace {
 
 constexpr double kAllDigitsExact = 1e15;
 constexpr std::string_view kReplacement = "\xEF\xBF\xBD";
-
-struct LeadByte {
-    unsigned char fFirst, fLast;
-    unsigned char fLength;
-    unsigned char fSecondFirst, fSecondLast;
-};
-
-// clang-format off
-constexpr LeadByte kLeadBytes[] = {
-    {0x00, 0x7F, 1, 0x00, 0x00},
-    {0xC2, 0xDF, 2, 0x80, 0xBF},
-    {0xE0, 0xE0, 3, 0xA0, 0xBF},
-    {0xE1, 0xEC, 3, 0x80, 0xBF},
-    {0xED, 0xED, 3, 0x80, 0x9F},
-    {0xEE, 0xEF, 3, 0x80, 0xBF},
-    {0xF0, 0xF0, 4, 0x90, 0xBF},
-    {0xF1, 0xF3, 4, 0x80, 0xBF},
-    {0xF4, 0xF4, 4, 0x80, 0x8F},
-};
-// clang-format on
-
-/// Length of the character that the text begins with; 0 where it begins with none.
-std::size_t CharacterLength(std::string_view text)
-{
-    const auto byte = [&text](std::size_t at) { return static_cast<unsigned char>(text[at]); };
-    for (const LeadByte& lead : kLeadBytes) {
-        if (byte(0) < lead.fFirst || byte(0) > lead.fLast) continue;
-        if (lead.fLength == 1) return 1;
-        if (text.size() < lead.fLength) return 0;
-        if (byte(1) < lead.fSecondFirst || byte(1) > lead.fSecondLast) return 0;
-        for (std::size_t at = 2; at < lead.fLength; ++at) {
-            if (byte(at) < 0x80 || byte(at) > 0xBF) return 0;
-        }
-        return lead.fLength;
-    }
-    return 0;
-}
 
 std::string_view ShortestDecimal(double number, std::chars_format format, char (&room)[400])
 {
@@ -88,29 +53,14 @@ void JsonStream::Value(std::string_view text)
 
 std::size_t JsonStream::AppendSpecial(std::string_view text)
 {
-    constexpr std::string_view kLetters =
-        "\"\"\\\\\bb\ff\nn\rr\tt";  // each with what stands for it
-    constexpr std::string_view kHex = "0123456789ABCDEF";
-    const auto byte = static_cast<unsigned char>(text.front());
-    if (byte >= 0x80) {
-        const std::size_t length = CharacterLength(text);
-        Append(length == 0 ? kReplacement : text.substr(0, length));
-        return std::max<std::size_t>(1, length);
-    }
-    if (byte == '<') {
-        Append("\\u003c");
+    const std::string_view escape = text.front() == '<' ? "\\u003c" : JsonEscapeOf(text.front());
+    if (!escape.empty()) {
+        Append(escape);
         return 1;
     }
-    for (std::size_t at = 0; at < kLetters.size(); at += 2) {
-        if (kLetters[at] != text.front()) continue;
-        Put('\\');
-        Put(kLetters[at + 1]);
-        return 1;
-    }
-    Append("\\u00");
-    Put(kHex[byte / 16]);
-    Put(kHex[byte % 16]);
-    return 1;
+    const Character character = FirstCharacter(text);
+    Append(character.fIsBroken ? kReplacement : text.substr(0, character.fBytes));
+    return character.fBytes;
 }
 
 void JsonStream::Value(double number)

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "refhost/writers/Characters.h"
+#include "refhost/data/Characters.h"
 
 namespace refhost {
 

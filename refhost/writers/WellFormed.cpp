@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "refhost/writers/Characters.h"
+#include "refhost/data/Characters.h"
 
 namespace refhost {
 

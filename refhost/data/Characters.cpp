@@ -1,4 +1,4 @@
-#include "refhost/writers/Characters.h"
+#include "refhost/data/Characters.h"
 
 #include <algorithm>
 
