@@ -1,11 +1,27 @@
 #pragma once
 
+#include <algorithm>
+#include <cstddef>
 #include <string_view>
 
 namespace refhost {
 
-/// What stands in a JSON string for a byte that may not stand there itself: a control character, a
-/// quote, a backslash. Empty for all others.
-std::string_view JsonEscapeOf(char byte);
+/// Writes texts of any bytes as JSON strings hold them, without the quotes, piece by piece:
+///     while (!text.empty()) out = TakeEscaped(text, out);
+/// What is not UTF-8 becomes U+FFFD. At `out` there is room of `EscapedRoom`; the end is returned.
+char* TakeEscaped(std::string_view& text, char* out);
+
+/// The same for JSON within a script element, where no `<` may stand.
+char* TakeEscapedForScript(std::string_view& text, char* out);
+
+constexpr std::size_t kEscapedPiece = 1024;  ///< how many bytes, or a few more, are taken at once
+
+/// The most bytes that come of one piece.
+constexpr std::size_t EscapedRoom(std::string_view text)
+{
+    constexpr std::size_t kLongestEscape = 6;
+    constexpr std::size_t kBeyond = 8;  // the last character may reach beyond the piece
+    return std::min(text.size(), kEscapedPiece) * kLongestEscape + kBeyond;
+}
 
 }  // namespace refhost

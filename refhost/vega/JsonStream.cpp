@@ -5,16 +5,13 @@
 #include <cmath>
 #include <iterator>
 
-#include "refhost/data/Characters.h"
 #include "refhost/data/JsonEscape.h"
-#include "refhost/data/PlainRun.h"
 #include "refhost/data/ShortestNumber.h"
 
 namespace refhost {
 namespace {
 
 constexpr double kAllDigitsExact = 1e15;
-constexpr std::string_view kReplacement = "\xEF\xBF\xBD";
 
 std::string_view ShortestDecimal(double number, std::chars_format format, char (&room)[400])
 {
@@ -41,26 +38,10 @@ void JsonStream::Value(std::string_view text)
 {
     Separate();
     Put('"');
-    while (!text.empty()) {
-        const std::size_t plain = PlainRun<'"', '\\', '<'>(text);
-        Append(text.substr(0, plain));
-        text.remove_prefix(plain);
-        if (!text.empty()) text.remove_prefix(AppendSpecial(text));
-    }
+    while (!text.empty())
+        Took(TakeEscapedForScript(text, Room(EscapedRoom(text))));
     Put('"');
     fIsBehindValue = true;
-}
-
-std::size_t JsonStream::AppendSpecial(std::string_view text)
-{
-    const std::string_view escape = text.front() == '<' ? "\\u003c" : JsonEscapeOf(text.front());
-    if (!escape.empty()) {
-        Append(escape);
-        return 1;
-    }
-    const Character character = FirstCharacter(text);
-    Append(character.fIsBroken ? kReplacement : text.substr(0, character.fBytes));
-    return character.fBytes;
 }
 
 void JsonStream::Value(double number)

@@ -34,7 +34,7 @@ public:
         at += name.size();
         *at++ = '"';
         *at++ = ':';
-        Take(at);
+        Took(at);
         fIsBehindValue = false;
     }
 
@@ -73,7 +73,7 @@ private:
         if (fOut.size() - fUsed < bytes) Grow(bytes);
         return fOut.data() + fUsed;
     }
-    void Take(const char* end) { fUsed = static_cast<std::size_t>(end - fOut.data()); }
+    void Took(const char* end) { fUsed = static_cast<std::size_t>(end - fOut.data()); }
     void Grow(std::size_t bytes);
 
     void Put(char c)
@@ -101,9 +101,6 @@ private:
         Put(bracket);
         fIsBehindValue = true;
     }
-
-    /// Writes the character that the text begins with; returns its length.
-    std::size_t AppendSpecial(std::string_view text);
 
     std::string& fOut;  // longer than what is written: pieces are short, and many
     std::size_t fUsed;

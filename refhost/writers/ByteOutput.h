@@ -11,7 +11,11 @@ namespace refhost {
 /// go out in large pieces, or when the writer says so. What can't be written throws `WriteFailure`,
 /// with a line that names the target and the reason.
 class ByteOutput {
+    static constexpr std::size_t kPiece = 1U << 16U;
+
 public:
+    static constexpr std::size_t kMostRoom = kPiece;
+
     /// Standard output where `file` is empty; otherwise the file, which is made or emptied.
     explicit ByteOutput(const std::string& file);
 
@@ -42,6 +46,14 @@ public:
         fPiece[fUsed++] = byte;
     }
 
+    /// Room for so many bytes, `kMostRoom` at most, to be written at once; `Took` tells their end.
+    char* Room(std::size_t bytes)
+    {
+        if (bytes > kPiece - fUsed) Flush();
+        return fPiece.get() + fUsed;
+    }
+    void Took(const char* end) { fUsed = static_cast<std::size_t>(end - fPiece.get()); }
+
     /// Hands over what was gathered.
     void Flush();
 
@@ -52,8 +64,6 @@ public:
     std::string Take();
 
 private:
-    static constexpr std::size_t kPiece = 1U << 16U;
-
     /// Writes what the piece has no room for.
     void WriteBeyond(std::string_view bytes);
 

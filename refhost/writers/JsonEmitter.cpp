@@ -1,10 +1,11 @@
 #include "refhost/writers/JsonEmitter.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
+#include "refhost/data/JsonEscape.h"
 #include "refhost/data/ShortestNumber.h"
-#include "refhost/writers/JsonText.h"
 
 namespace refhost {
 
@@ -16,16 +17,25 @@ constexpr double kMissingNumber = -std::numeric_limits<double>::max();
 
 void JsonEmitter::Key(std::string_view name)
 {
-    fWriter.Separate();
-    fOutput.Put('"');
-    fOutput.Write(name);
-    fOutput.Put('"');
+    char* out = RoomBehindSeparator(name.size() + 2);
+    *out++ = '"';
+    out = std::ranges::copy(name, out).out;
+    *out++ = '"';
+    fOutput.Took(out);
 }
 
 void JsonEmitter::String(std::string_view text)
 {
-    fWriter.Separate();
-    WriteJsonText(fOutput, text);
+    constexpr std::size_t kQuotes = 2;
+    char* out = RoomBehindSeparator(EscapedRoom(text) + kQuotes);
+    *out++ = '"';
+    out = TakeEscaped(text, out);
+    while (!text.empty()) {
+        fOutput.Took(out);
+        out = TakeEscaped(text, fOutput.Room(EscapedRoom(text) + kQuotes));
+    }
+    *out++ = '"';
+    fOutput.Took(out);
 }
 
 void JsonEmitter::Number(double number)
@@ -34,15 +44,12 @@ void JsonEmitter::Number(double number)
         Null();
         return;
     }
-    fWriter.Separate();
-    char text[kLongestNumber];
-    const char* const end = WriteShortest(text, number);
-    fOutput.Write({text, static_cast<std::size_t>(end - text)});
+    fOutput.Took(WriteShortest(RoomBehindSeparator(kLongestNumber), number));
 }
 
 void JsonEmitter::Members(std::string_view members)
 {
-    fWriter.Separate();
+    fOutput.Took(RoomBehindSeparator(0));
     fOutput.Write(members);
 }
 
@@ -56,7 +63,7 @@ void JsonEmitter::LineWriter::BeginObject()
 void JsonEmitter::LineWriter::EndObject()
 {
     level_stack_.Pop<Level>(1);
-    if (fBreaks) StartLine();
+    EndLine();
     WriteEndObject();
 }
 
@@ -70,7 +77,7 @@ void JsonEmitter::LineWriter::BeginArray()
 void JsonEmitter::LineWriter::EndArray()
 {
     level_stack_.Pop<Level>(1);
-    if (fBreaks) StartLine();
+    EndLine();
     WriteEndArray();
 }
 
@@ -102,26 +109,27 @@ void JsonEmitter::LineWriter::Nothing()
 void JsonEmitter::LineWriter::BreakLine(unsigned depth)
 {
     fBreaks = true;
-    fDepth = depth;
+    fDepth = std::min(depth, kDeepestIndent);
 }
 
 void JsonEmitter::LineWriter::Separate()
 {
-    if (!level_stack_.Empty()) {
-        Level& level = *level_stack_.Top<Level>();
-        const bool isBehindName = !level.inArray && level.valueCount % 2 != 0;
-        if (level.valueCount > 0) os_->Put(isBehindName ? ':' : ',');
-        ++level.valueCount;
-    }
-    if (fBreaks) StartLine();
+    ByteOutput& output = os_->Output();
+    output.Took(Separate(output.Room(kMostBetween)));
 }
 
-void JsonEmitter::LineWriter::StartLine()
+void JsonEmitter::LineWriter::EndLine()
+{
+    if (!fBreaks) return;
+    ByteOutput& output = os_->Output();
+    output.Took(StartLine(output.Room(kMostBetween)));
+}
+
+char* JsonEmitter::LineWriter::StartLine(char* out)
 {
     fBreaks = false;
-    os_->Put('\n');
-    for (unsigned column = 0; column < fDepth; ++column)
-        os_->Put(' ');
+    *out++ = '\n';
+    return std::fill_n(out, fDepth, ' ');
 }
 
 }  // namespace refhost

@@ -38,7 +38,8 @@ public:
     /// One or more members as they were written elsewhere, with the line breaks before them.
     void Members(std::string_view members);
 
-    /// What comes next, its comma apart, begins on a new line, indented so deep.
+    /// What comes next, its comma apart, begins on a new line, indented so deep (62 columns at
+    /// most).
     void BreakLine(unsigned depth) { fWriter.BreakLine(depth); }
 
 private:
@@ -49,10 +50,17 @@ private:
         explicit Stream(ByteOutput& output) : fOutput(output) {}
         void Put(char c) { fOutput.Put(c); }
         void Flush() {}
+        ByteOutput& Output() { return fOutput; }
 
     private:
         ByteOutput& fOutput;
     };
+
+    /// Room for a value so long behind what separates it, which is there already.
+    char* RoomBehindSeparator(std::size_t bytes)
+    {
+        return fWriter.Separate(fOutput.Room(LineWriter::kMostBetween + bytes));
+    }
 
     /// The library's writer with line breaks behind commas.
     class LineWriter : public json::Writer<Stream> {
@@ -69,11 +77,28 @@ private:
         void Nothing();
         void BreakLine(unsigned depth);
 
-        /// What stands between the last value and the next.
-        void Separate();
+        /// The most bytes that `Separate` writes.
+        static constexpr std::size_t kMostBetween = 64;
+
+        /// Writes what stands between the last value and the next; tells its end.
+        char* Separate(char* out)
+        {
+            if (!level_stack_.Empty()) {
+                Level& level = *level_stack_.Top<Level>();
+                const bool isBehindName = !level.inArray && level.valueCount % 2 != 0;
+                if (level.valueCount > 0) *out++ = isBehindName ? ':' : ',';
+                ++level.valueCount;
+            }
+            return fBreaks ? StartLine(out) : out;
+        }
 
     private:
-        void StartLine();
+        static constexpr unsigned kDeepestIndent =
+            kMostBetween - 2;  // behind a comma and the break
+
+        void Separate();
+        void EndLine();  // before a bracket that closes
+        char* StartLine(char* out);
 
         bool fBreaks = false;
         unsigned fDepth = 0;
