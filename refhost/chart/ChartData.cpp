@@ -15,6 +15,9 @@ namespace {
 // not cost the memory of all the rows before it.
 constexpr std::size_t kLargestGap = 4096;
 
+// Room for the rows of most charts, so that their columns grow once.
+constexpr std::size_t kUsualRows = 32;
+
 // A stacked bar says at each of its segments what the whole bar holds, so texts grow with the
 // square of a document. Labels don't count.
 constexpr std::size_t kMostText = std::size_t{64} << 20U;
@@ -28,9 +31,12 @@ std::string_view TextOf(const char* text) { return text ? text : ""; }
 
 refhost::ChartSource* VarDataProcessor::Impl::Find(std::string_view source)
 {
-    const auto found = std::find_if(fSources.begin(), fSources.end(),
-                                    [&](const auto& entry) { return entry.fName == source; });
-    return found == fSources.end() ? nullptr : &*found;
+    if (fRecentSource < fSources.size() && fSources[fRecentSource].fName == source)
+        return &fSources[fRecentSource];
+    const auto found = std::ranges::find(fSources, source, &refhost::ChartSource::fName);
+    if (found == fSources.end()) return nullptr;
+    fRecentSource = static_cast<std::size_t>(found - fSources.begin());
+    return &*found;
 }
 
 refhost::ChartSource::Column* VarDataProcessor::Impl::FindColumn(refhost::ChartSource& source,
@@ -62,22 +68,21 @@ void VarDataProcessor::Impl::AddColumn(std::string_view source, std::string_view
     found->fColumns.push_back({std::string(column), {}});
 }
 
-void VarDataProcessor::Impl::Set(std::string_view source, std::string_view column, int row,
-                                 refhost::ChartValue value)
+refhost::ChartValue* VarDataProcessor::Impl::PlaceFor(std::string_view source,
+                                                      std::string_view column, int row)
 {
     refhost::ChartSource* const found = Find(source);
-    if (!found || row < 0) return;
+    if (!found || row < 0) return nullptr;
     const auto place = static_cast<std::size_t>(row);
-    if (place > found->fRows + kLargestGap) return;
+    if (place > found->fRows + kLargestGap) return nullptr;
     refhost::ChartSource::Column* const entry = FindColumn(*found, column);
-    if (!entry) return;
+    if (!entry) return nullptr;
     found->fRows = std::max(found->fRows, place + 1);
-    if (place == entry->fValues.size()) {
-        entry->fValues.push_back(std::move(value));
-        return;
-    }
-    if (place > entry->fValues.size()) entry->fValues.resize(place + 1);
-    entry->fValues[place] = std::move(value);
+    std::vector<refhost::ChartValue>& values = entry->fValues;
+    if (values.empty()) values.reserve(kUsualRows);
+    if (place == values.size()) return &values.emplace_back();
+    if (place > values.size()) values.resize(place + 1);
+    return &values[place];
 }
 
 void VarDataProcessor::Impl::CountText(const std::string& text)
@@ -117,17 +122,18 @@ void VarDataProcessor::AddVariable(const char* source, const char* variable, _va
 void VarDataProcessor::SetVariableValue(const char* source, const char* variable, int row,
                                         double value)
 {
-    fImpl->Set(TextOf(source), TextOf(variable), row, value);
+    if (auto* const place = fImpl->PlaceFor(TextOf(source), TextOf(variable), row)) *place = value;
 }
 
 void VarDataProcessor::SetVariableValue(const _varinfo* info, int row, double value)
 {
-    if (info) fImpl->Set(info->fSource, info->fVariable, row, value);
+    if (!info) return;
+    if (auto* const place = fImpl->PlaceFor(info->fSource, info->fVariable, row)) *place = value;
 }
 
 void VarDataProcessor::SetStringVariableValue(const char* source, const char* variable, int row,
                                               const std::string& text)
 {
     Impl::CountText(text);
-    fImpl->Set(TextOf(source), TextOf(variable), row, text);
+    if (auto* const place = fImpl->PlaceFor(TextOf(source), TextOf(variable), row)) *place = text;
 }

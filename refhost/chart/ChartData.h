@@ -13,7 +13,9 @@ class VarDataProcessor::Impl {
 public:
     void AddSource(std::string_view source);
     void AddColumn(std::string_view source, std::string_view column);
-    void Set(std::string_view source, std::string_view column, int row, refhost::ChartValue value);
+
+    /// Where a value goes; null where it is passed over. Rows up to it are made.
+    refhost::ChartValue* PlaceFor(std::string_view source, std::string_view column, int row);
 
     /// Throws, with a report, where the charts of the split hold too much text.
     static void CountText(const std::string& text);
@@ -26,5 +28,6 @@ private:
     refhost::ChartSource::Column* FindColumn(refhost::ChartSource& source, std::string_view name);
 
     std::vector<refhost::ChartSource> fSources;
-    std::size_t fNextColumn = 0;  // of the next value, most likely: rows are set from left to right
+    std::size_t fRecentSource = 0;  // of the last value, and most likely of the next
+    std::size_t fNextColumn = 0;    // likewise: rows are set from left to right
 };

@@ -57,6 +57,12 @@ char* WriteShortDecimal(char* room, double number)
 
 char* WriteShortest(char* room, double number)
 {
+    constexpr double kFirstWithExponent = 100'000.0;
+    if (std::fabs(number) < kFirstWithExponent) {
+        const int whole = static_cast<int>(number);
+        if (whole == number && whole != 0)  // a zero may have a sign
+            return std::to_chars(room, room + kLongestNumber, whole).ptr;
+    }
     const ShortDecimal decimal = ShortDecimalOf(number);
     if (decimal.fIsOne && !MayHaveExponent(decimal.fUnits)) return WriteUnits(room, decimal.fUnits);
     return std::to_chars(room, room + kLongestNumber, number).ptr;
