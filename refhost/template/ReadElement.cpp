@@ -52,9 +52,9 @@ std::optional<DistributionStatistic> ReadDistribution(const pugi::xml_node& node
                                  ParseParameter(TextOf(node, "secondaryParameter"))};
 }
 
-std::deque<Color> ReadColors(const pugi::xml_node& node)
+std::list<Color> ReadColors(const pugi::xml_node& node)
 {
-    std::deque<Color> colors;
+    std::list<Color> colors;
     for (const auto& child : node.children()) {
         const std::string_view name = child.name();
         if (name != "color" && name != "pattern") continue;

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <cstddef>
-#include <deque>
+#include <list>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -10,8 +10,8 @@
 #include "host/chart/ViZ.h"
 
 /// A visualization as plain records: what a template says after it was read, and what the object
-/// model works on. Records refer to each other by id, so a tree can be copied; lists to which the
-/// object model adds are deques, so that a record keeps its place.
+/// model works on. Records refer to each other by id, so a tree can be copied; what the object
+/// model adds to is a `std::list`, so that a record keeps its place.
 ///
 /// An id may be empty where nothing refers to the record. A reference to an id that isn't there is
 /// no reference. All texts are UTF-8; all numbers are finite.
@@ -58,7 +58,7 @@ struct Text {
 struct Label {
     std::string fId;
     std::string fStyle;
-    std::deque<Text> fTexts;
+    std::list<Text> fTexts;
 
     /// The texts one behind the other; may hold line feeds.
     std::string Shown() const;
@@ -67,8 +67,8 @@ struct Label {
 /// Text at a place of its own. A frame without locations stands where its owner puts it.
 struct LabelFrame {
     std::string fId;
-    std::deque<Location> fLocations;
-    std::deque<Label> fLabels;
+    std::list<Location> fLocations;
+    std::list<Label> fLabels;
 
     /// The labels, a line for each.
     std::string Shown() const;
@@ -111,7 +111,7 @@ struct DerivedVariable {
     std::string fId;
     std::string fValue;  ///< id of the variable that it is made from
     std::vector<DerivedCase> fCases;
-    std::deque<Format> fFormats;
+    std::list<Format> fFormats;
 };
 
 /// The order of a variable's categories, by value (the key, not the label). Data that hold a value
@@ -196,8 +196,8 @@ struct Element {
     Dimension fExtent = Dimension::Y;  ///< along which bars grow from 0
     Arrangement fArrangement = Arrangement::Overlay;
     std::optional<DistributionStatistic> fDistribution;
-    std::deque<Color> fColors;  ///< the last one that names a variable counts
-    std::deque<Labeling> fLabelings;
+    std::list<Color> fColors;  ///< the last one that names a variable counts
+    std::list<Labeling> fLabelings;
 };
 
 // --- the graph ---------------------------------------------------------------------------------
@@ -274,12 +274,12 @@ struct GraphLayoutStatistic {
 
 struct Graph {
     std::string fId;
-    std::deque<Location> fLocations;  ///< of the data area; axes and headers stand outside of it
+    std::list<Location> fLocations;  ///< of the data area; axes and headers stand outside of it
     std::vector<DimensionSpec> fDimensions;
-    std::deque<Element> fElements;  ///< in the order in which they are drawn
+    std::list<Element> fElements;  ///< in the order in which they are drawn
     std::vector<Axis> fAxes;
-    std::deque<LineGuide> fLineGuides;  ///< over the elements, in order
-    std::vector<Facet> fFacets;         ///< none, one, or one of each direction
+    std::list<LineGuide> fLineGuides;  ///< over the elements, in order
+    std::vector<Facet> fFacets;        ///< none, one, or one of each direction
     std::optional<FacetLayout> fFacetLayout;
     std::optional<GraphLayoutStatistic> fLayout;
 };
@@ -322,13 +322,13 @@ struct Extension {
 
 struct Visualization {
     std::string fId;
-    std::deque<SourceVariable> fSourceVariables;
-    std::deque<DerivedVariable> fDerivedVariables;
+    std::list<SourceVariable> fSourceVariables;
+    std::list<DerivedVariable> fDerivedVariables;
     std::vector<CategoryOrder> fOrders;
-    std::deque<Style> fStyles;
-    std::deque<Graph> fGraphs;  ///< the first is drawn
-    std::deque<LabelFrame> fLabelFrames;
-    std::deque<Legend> fLegends;  ///< those that the extension names are drawn
+    std::list<Style> fStyles;
+    std::list<Graph> fGraphs;  ///< the first is drawn
+    std::list<LabelFrame> fLabelFrames;
+    std::list<Legend> fLegends;  ///< those that the extension names are drawn
     std::vector<Popup> fPopups;
     std::optional<Extension> fExtension;
 

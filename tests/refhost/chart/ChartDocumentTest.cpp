@@ -294,7 +294,7 @@ TEST(ObjectModel, ColoursByADerivedVariableAndAddsItsLegend)
     EXPECT_EQ(tree.fExtension->fLegends, Lines{"legend1"});
     EXPECT_EQ(tree.fLegends.front().fTargets.front().fTarget, "group colour");
     ASSERT_TRUE(tree.FindDerivedVariable("Category_Derived"));
-    EXPECT_EQ(tree.FindDerivedVariable("Category_Derived")->fFormats[0].fRelabels[0].fTo,
+    EXPECT_EQ(tree.FindDerivedVariable("Category_Derived")->fFormats.front().fRelabels[0].fTo,
               "Control\n10");
     const Lines calls = CallLines(chart);
     EXPECT_NE(std::find(calls.begin(), calls.end(), "ViZColor.setId \"color1\" \"group colour\""),

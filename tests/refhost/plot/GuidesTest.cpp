@@ -31,16 +31,16 @@ SampleChart BoxesWithLines(const std::vector<std::string>& places)
         tree::LineGuide guide;
         guide.fDimension = tree::Dimension::Y;
         guide.fPlace = place;
-        tree.fGraphs[0].fLineGuides.push_back(guide);
+        tree.fGraphs.front().fLineGuides.push_back(guide);
     }
     tree::LabelFrame frame;
     frame.fLocations.resize(2);
-    frame.fLocations[0].fPart = ENUM_part::Right;
-    frame.fLocations[0].fMethod = ENUM_method::Same;
-    frame.fLocations[0].fTarget = "graph1";
-    frame.fLocations[1].fPart = ENUM_part::Top;
-    frame.fLocations[1].fMethod = ENUM_method::Fixed;
-    frame.fLocations[1].fValue = "35%";
+    frame.fLocations.front().fPart = ENUM_part::Right;
+    frame.fLocations.front().fMethod = ENUM_method::Same;
+    frame.fLocations.front().fTarget = "graph1";
+    frame.fLocations.back().fPart = ENUM_part::Top;
+    frame.fLocations.back().fMethod = ENUM_method::Fixed;
+    frame.fLocations.back().fValue = "35%";
     frame.fLabels.emplace_back().fTexts.push_back({"", "a value"});
     tree.fLabelFrames.push_back(frame);
     return sample;

@@ -67,11 +67,11 @@ TEST(ResolveChart, PutsGuidesWhereTheTreeSays)
     SampleChart sample = Histogram();
     tree::LineGuide guide;
     guide.fPlace = "4.25";
-    sample.Tree().fGraphs[0].fLineGuides.push_back(guide);
+    sample.Tree().fGraphs.front().fLineGuides.push_back(guide);
     guide.fPlace = "14";
-    sample.Tree().fGraphs[0].fLineGuides.push_back(guide);
+    sample.Tree().fGraphs.front().fLineGuides.push_back(guide);
     guide.fPlace = "no number";
-    sample.Tree().fGraphs[0].fLineGuides.push_back(guide);
+    sample.Tree().fGraphs.front().fLineGuides.push_back(guide);
     const auto chart = sample.Resolve();
     ASSERT_TRUE(chart);
     std::vector<double> places;
@@ -90,13 +90,13 @@ TEST(ResolveChart, PutsAFrameAtItsPercentageOfThePicture)
     tree::LabelFrame frame;
     frame.fId = "note";
     frame.fLocations.resize(2);
-    frame.fLocations[0].fPart = ENUM_part::Left;
-    frame.fLocations[1].fPart = ENUM_part::Top;
+    frame.fLocations.front().fPart = ENUM_part::Left;
+    frame.fLocations.back().fPart = ENUM_part::Top;
     frame.fLabels.emplace_back().fTexts.push_back({"", "a note"});
     const auto placeOf = [&](const char* left, const char* top) {
         SampleChart copy = sample;
-        frame.fLocations[0].fValue = left;
-        frame.fLocations[1].fValue = top;
+        frame.fLocations.front().fValue = left;
+        frame.fLocations.back().fValue = top;
         copy.Tree().fLabelFrames.push_back(frame);
         const auto chart = copy.Resolve();
         for (const MarkLayer& layer : chart->fPlots[0].fLayers) {

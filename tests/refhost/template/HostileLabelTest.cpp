@@ -1,3 +1,6 @@
+#include <cstddef>
+#include <iterator>
+
 #include <gtest/gtest.h>
 
 #include "TemplateText.h"
@@ -22,9 +25,9 @@ std::string Axis(const Visualization& tree, std::size_t index)
     return tree.fGraphs.front().fAxes.at(index).fLabel->Shown();
 }
 
-std::string Frame(const Visualization& tree, std::size_t index)
+std::string Frame(const Visualization& tree, std::ptrdiff_t index)
 {
-    return tree.fLabelFrames.at(index).Shown();
+    return std::next(tree.fLabelFrames.begin(), index)->Shown();
 }
 
 std::string Facet(const Visualization& tree, std::size_t index)
@@ -80,9 +83,9 @@ constexpr Token kTokens[] = {
     {kChiSquare, "legendTitle", "@", Legend},
     {kChiSquare, "<popup ",     "<popup tokenTemplate=\"@=$[category]$\n\" ", Popup},
     {kRuns, "ObservedRunsText", "@",
-     [](const Visualization& tree) { return tree.fGraphs.front().fLineGuides[1].fLabel->Shown(); }},
-    {kRuns, "TooFewRuns",  "@", [](const Visualization& tree) { return tree.fLabelFrames[1].fLabels[0].fTexts[1].fText; }},
-    {kRuns, "TooManyRuns", "@", [](const Visualization& tree) { return tree.fLabelFrames[0].fLabels[0].fTexts[0].fText; }},
+     [](const Visualization& tree) { return tree.fGraphs.front().fLineGuides.back().fLabel->Shown(); }},
+    {kRuns, "TooFewRuns",  "@", [](const Visualization& tree) { return tree.fLabelFrames.back().fLabels.front().fTexts.back().fText; }},
+    {kRuns, "TooManyRuns", "@", [](const Visualization& tree) { return tree.fLabelFrames.front().fLabels.front().fTexts.front().fText; }},
     {kBoxes, "yAxisText", "@", Second},
     {kBoxes, "xAxisText", "@", First},
     {kBoxes, "</visualization>",
@@ -97,7 +100,7 @@ constexpr Token kTokens[] = {
     {kMirrored, "yTitle0",  "@", Second},
     {kMirrored, "yTitle1",  "@", First},
     {kPaired, "LegendLabel", "@",
-     [](const Visualization& tree) { return tree.fDerivedVariables[0].fFormats[0].fRelabels[0].fTo; }},
+     [](const Visualization& tree) { return tree.fDerivedVariables.front().fFormats.front().fRelabels[0].fTo; }},
     {kPaired, "XAxis Text", "@", Second},
     {kPaired, "YAxis Text", "@", First},
     {kFacets, "TitleText",   "@", Title},
@@ -176,7 +179,7 @@ TEST(HostileLabel, ATokenThatNobodyReplacedShowsAsNothing)
             EXPECT_TRUE(tree->fOrders.empty());
         } else if (std::string_view(token.fTemplate) == kPaired &&
                    std::string_view(token.fToken) == "LegendLabel") {
-            EXPECT_TRUE(tree->fDerivedVariables[0].fFormats[0].fRelabels.empty());
+            EXPECT_TRUE(tree->fDerivedVariables.front().fFormats.front().fRelabels.empty());
         } else {
             EXPECT_EQ(token.fFind(*tree), "");
         }

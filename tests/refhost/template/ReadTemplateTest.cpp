@@ -83,8 +83,8 @@ TEST(ReadTemplate, LeavesOutWhatItCannotRead)
     const auto& graph = tree.fGraphs.front();
     EXPECT_EQ(graph.fDimensions.front().fMax, std::nullopt);
     EXPECT_EQ(graph.fDimensions.front().fMin, -3);
-    EXPECT_EQ(graph.fElements[0].fY->fScalingFactor, 1.0);
-    EXPECT_FALSE(graph.fElements[1].fDistribution);
+    EXPECT_EQ(graph.fElements.front().fY->fScalingFactor, 1.0);
+    EXPECT_FALSE(graph.fElements.back().fDistribution);
     EXPECT_EQ(graph.fLineGuides.front().Place(), std::nullopt);
 }
 
@@ -103,7 +103,7 @@ TEST(ReadTemplate, ReadsVariablesOrdersAndCases)
     ASSERT_TRUE(derived);
     EXPECT_EQ(derived->fCases[0].fAbove, 0.0);
     EXPECT_EQ(derived->fCases[1].fAbove, std::nullopt);
-    EXPECT_EQ(derived->fFormats[0].fRelabels[0].fTo, "Up");
+    EXPECT_EQ(derived->fFormats.front().fRelabels[0].fTo, "Up");
     EXPECT_EQ(tree.fOrders.front().fValues, (std::vector<std::string>{"up", "rest"}));
     EXPECT_TRUE(tree.fOrders.front().fComplete);
 }

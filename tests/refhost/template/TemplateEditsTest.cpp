@@ -200,8 +200,8 @@ TEST(TemplateEdits, ACurveOverTheHistogramStandsInItsGraph)
                       "parameter=\"4.5\" secondaryParameter=\"1.25\"/>"
                       "<x variable=\"value\"/><y variable=\"count\"/></line></graph>"));
     ASSERT_EQ(tree.fGraphs.front().fElements.size(), 2u);
-    EXPECT_TRUE(tree.fGraphs.front().fElements[0].fX->fBinned);
-    const auto& curve = tree.fGraphs.front().fElements[1];
+    EXPECT_TRUE(tree.fGraphs.front().fElements.front().fX->fBinned);
+    const auto& curve = tree.fGraphs.front().fElements.back();
     ASSERT_TRUE(curve.fDistribution);
     EXPECT_EQ(curve.fDistribution->fParameter->fValue, 4.5);
     EXPECT_EQ(curve.fDistribution->fSecondary->fValue, 1.25);
@@ -223,8 +223,8 @@ TEST(TemplateEdits, TheGuideOfAnObservedCountThatBeginsWith500IsNotTakenForTheMe
     text.replace(text.find("<lineGuide x=\"500") + 14, 3, "4870.25");
     const auto guides = Read(text).fGraphs.front().fLineGuides;
     ASSERT_EQ(guides.size(), 2u);
-    EXPECT_EQ(guides[0].Place(), 4870.25);
-    EXPECT_EQ(guides[1].Place(), 5003);
+    EXPECT_EQ(guides.front().Place(), 4870.25);
+    EXPECT_EQ(guides.back().Place(), 5003);
 }
 
 TEST(TemplateEdits, RunsTakeRangeParametersAndTheRoomForASplit)
@@ -289,15 +289,16 @@ TEST(TemplateEdits, BoxesTakeAPopupOnTheMedianALineAndItsFrame)
     EXPECT_EQ(graph.fLineGuides.front().fDimension, refhost::tree::Dimension::Y);
     ASSERT_EQ(tree.fLabelFrames.size(), 1u);
     EXPECT_EQ(tree.fLabelFrames.front().Shown(), "Grand Median = 258.500");
-    EXPECT_EQ(tree.fLabelFrames.front().fLocations[2].fTarget, graph.fId);
+    EXPECT_EQ(tree.fLabelFrames.front().fLocations.back().fTarget, graph.fId);
 }
 
 TEST(TemplateEdits, ColoursOfTheCrossTableBecomePatterns)
 {
-    const auto colors = Read(TemplateText("FacetBarChart")).fGraphs.front().fElements[0].fColors;
+    const auto colors =
+        Read(TemplateText("FacetBarChart")).fGraphs.front().fElements.front().fColors;
     const auto patterns = Read(Replaced(TemplateText("FacetBarChart"), "<color", "<pattern"))
                               .fGraphs.front()
-                              .fElements[0]
+                              .fElements.front()
                               .fColors;
     ASSERT_EQ(patterns.size(), 1u);
     EXPECT_FALSE(colors.front().fPattern);
