@@ -21,7 +21,7 @@ backend/frame      : backend/output backend/reader backend/model host/*
 refhost/document   : -
 refhost/data       : host/data
 refhost/json       : -
-refhost/strings    : host/strings refhost/json
+refhost/strings    : host/strings refhost/json refhost/data
 refhost/framework  : host/framework host/data refhost/data
 refhost/command    : host/command host/data refhost/data
 refhost/pivot      : host/pivot host/data host/framework refhost/document refhost/data refhost/strings

@@ -1,11 +1,8 @@
 #include "refhost/chart/TemplateFiles.h"
 
-#include <cerrno>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <new>
 
+#include "refhost/data/FileText.h"
 #include "refhost/document/HostRun.h"
 
 namespace refhost {
@@ -27,13 +24,9 @@ std::string ReadTemplateFile(const std::string& name)
     const auto path = std::filesystem::path(HostRun::Current().fTemplateFolder) / name;
     std::error_code error;
     if (!std::filesystem::is_regular_file(path, error)) return {};
-    errno = 0;
-    std::ifstream file(path, std::ios::binary);
-    if (!file && errno == ENOMEM) {  // without a text there is no chart, and nobody would be told
-        if (const std::new_handler handler = std::get_new_handler()) handler();
-        throw std::bad_alloc();
-    }
-    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+    std::string text;
+    if (!ReadFile(path.string(), text)) return {};
+    return text;
 }
 
 }  // namespace

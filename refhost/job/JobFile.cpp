@@ -1,8 +1,6 @@
 #include "refhost/job/JobFile.h"
 
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <optional>
 #include <string_view>
 #include <unordered_set>
@@ -14,6 +12,7 @@
 #include "refhost/command/CommandData.h"
 #include "refhost/data/Calendar.h"
 #include "refhost/data/DateFormats.h"
+#include "refhost/data/FileText.h"
 #include "refhost/data/MissingValue.h"
 #include "refhost/data/ValueText.h"
 #include "refhost/data/VariableData.h"
@@ -192,11 +191,8 @@ private:
 
 Job ReadJobFile(const std::string& file)
 {
-    std::ifstream stream(file, std::ios::binary);
-    if (!stream || std::filesystem::is_directory(file))
-        throw JobError(fmt::format("{}: the job file can't be read", file));
-    // Not by `<<`, to which a text that memory cuts off is whole.
-    const std::string text{std::istreambuf_iterator<char>(stream), {}};
+    std::string text;
+    if (!ReadFile(file, text)) throw JobError(fmt::format("{}: the job file can't be read", file));
     return ReadJobText(text, file, std::filesystem::path(file).parent_path().string());
 }
 

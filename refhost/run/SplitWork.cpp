@@ -2,12 +2,11 @@
 
 #include "refhost/run/PluginLibrary.h"
 
-#include <filesystem>
-#include <fstream>
 #include <new>
 
 #include <fmt/format.h>
 
+#include "refhost/data/FileText.h"
 #include "refhost/framework/InvariantBroken.h"
 #include "refhost/framework/ReadFailure.h"
 #include "refhost/job/Job.h"
@@ -20,18 +19,6 @@
 namespace refhost {
 
 namespace {
-
-/// False where the file can't be read; the text is then empty.
-bool ReadFile(const std::string& file, std::string& text)
-{
-    text.clear();
-    std::ifstream stream(file, std::ios::binary | std::ios::ate);
-    if (!stream || std::filesystem::is_directory(file)) return false;
-    text.resize(static_cast<std::size_t>(std::max<std::streamoff>(stream.tellg(), 0)));
-    stream.seekg(0);
-    stream.read(text.data(), static_cast<std::streamsize>(text.size()));
-    return static_cast<bool>(stream);
-}
 
 /// Why a document could not be read, with its place where that can be told.
 std::string UnreadableReason(bool isFileRead)

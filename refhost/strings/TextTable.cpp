@@ -1,12 +1,11 @@
 #include "refhost/strings/TextTable.h"
 
 #include <rapidjson/error/en.h>
-#include <rapidjson/istreamwrapper.h>
 
 #include <fmt/format.h>
-#include <fstream>
 #include <utility>
 
+#include "refhost/data/FileText.h"
 #include "refhost/json/JsonTypes.h"
 
 namespace refhost {
@@ -38,20 +37,13 @@ bool LayOver(const json::Value& texts, Map& map, std::string& reason)
 
 bool TextTable::Load(const std::string& file, std::string& reason)
 {
-    std::ifstream stream(file, std::ios::binary);
-    if (!stream) {
-        reason = "it can't be opened";
-        return false;
-    }
-    stream.exceptions(std::ios::badbit);  // what is thrown while it is read, such as for memory
-    rapidjson::IStreamWrapper input(stream);
-    json::Document document;
-    try {
-        document.ParseStream<kParseFlags>(input);
-    } catch (const std::ios_base::failure&) {  // a folder, a disk's fault
+    std::string json;
+    if (!ReadFile(file, json)) {
         reason = "it can't be read";
         return false;
     }
+    json::Document document;
+    document.Parse<kParseFlags>(json.data(), json.size());
     if (document.HasParseError()) {
         reason =
             fmt::format("{} At byte {}.", rapidjson::GetParseError_En(document.GetParseError()),

@@ -18,8 +18,8 @@ IS_SANITIZED = b"__asan_init" in TOOL.read_bytes()
 # What a run says where memory runs out, by its exit code.
 LINES = {
     0: (),
-    1: ("can't be read: the document is too large for the memory", "can't be read: the file can't be read"),
-    2: ("out of memory", "annot allocate memory", "it can't be opened"),
+    1: ("can't be read: the document is too large for the memory",),
+    2: ("out of memory", "annot allocate memory"),
 }
 
 
