@@ -2,8 +2,8 @@
 # take the libraries as they come.
 
 # The XML library's archive, without its way to the network: as a shared library it takes some forty
-# others along. Symbols are bound inside of the library, since the archive's code is made to stay
-# where it is linked.
+# others along. Nor does it set up what only schemas need. Symbols are bound inside of the library,
+# since the archive's code is made to stay where it is linked.
 function(nonpar_link_xerces target)
     find_library(XERCES_ARCHIVE NAMES libxerces-c.a)
     if(NOT XERCES_ARCHIVE OR NONPAR_SANITIZE)
@@ -11,7 +11,13 @@ function(nonpar_link_xerces target)
         return()
     endif()
     target_sources(${target} PRIVATE
-                   ${PROJECT_SOURCE_DIR}/refhost/framework/linked/NoNetwork.cpp)
+                   ${PROJECT_SOURCE_DIR}/refhost/framework/linked/NoNetwork.cpp
+                   ${PROJECT_SOURCE_DIR}/refhost/framework/linked/NoSchemas.cpp)
+    foreach(step 23initializeRangeTokenMap 27initializeRegularExpression
+            34initializeDatatypeValidatorFactory)
+        target_link_options(${target} PRIVATE
+                            -Wl,--wrap=_ZN11xercesc_3_214XMLInitializer${step}Ev)
+    endforeach()
     target_link_libraries(${target} PRIVATE ${XERCES_ARCHIVE} ICU::uc ICU::data)
     target_link_options(${target} PRIVATE -Wl,--exclude-libs,libxerces-c.a -Wl,-Bsymbolic)
 endfunction()
