@@ -36,7 +36,7 @@ def main():
 |------------------------|--------|-------:|-------:|--------------|---------:|----------:|--------:|---------:|""")
     for name, unit, step, shape in MEASURES:
         jobs = {n * step: large_job("growth", *shape(n)) / "job.json" for n in STEPS}
-        costs = run_in_turn({(form, x): nonpar(job, form) for x, job in jobs.items() for form in FORMS}, rounds, min)
+        costs = run_in_turn({(form, x): nonpar(job, form, "--jobs", "1") for x, job in jobs.items() for form in FORMS}, rounds, min)
         for form in FORMS:
             start, slope, r2, far = line_through(list(jobs), [costs[form, x].cpu for x in jobs])
             print(f"| {name:<22} | {form:<6} | {min(jobs):>6.1f} | {max(jobs):>6.1f} | {unit:<12} "

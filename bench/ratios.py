@@ -56,11 +56,14 @@ def document_rows(bars, rounds, goals):
 def split_rows(rounds):
     folder = large_job("thousand", 22, 43, USUAL, splits=1000, files=1000)
     documents = [f"large-{n}.xml" if n > 1 else "large.xml" for n in range(1, 1001)]
-    costs = run_in_turn({"json": nonpar(folder / "job.json", "json"),
+    costs = run_in_turn({"as it comes": nonpar(folder / "job.json", "json"),
+                         "--jobs 1": nonpar(folder / "job.json", "json", "--jobs", "1"),
                          "peer": ["xsltproc", PEER, *(folder / name for name in documents)]}, rounds)
-    ours, theirs = costs["json"], costs["peer"]
-    yield Row("JSON of 1,000 splits of 100 KB over one xsltproc", ours.wall / theirs.wall, goal=0.33,
-              told=f"{ours.wall:.2f} s over {theirs.wall:.2f} s; processor {ours.cpu / theirs.cpu:.3f}")
+    theirs = costs.pop("peer")
+    for how, ours in costs.items():
+        yield Row(f"JSON of 1,000 splits of 100 KB over one xsltproc, {how}", ours.wall / theirs.wall,
+                  goal=0.33 if how == "as it comes" else None,
+                  told=f"{ours.wall:.2f} s over {theirs.wall:.2f} s; processor {ours.cpu / theirs.cpu:.3f}")
 
 
 def size_rows(rounds):

@@ -1,4 +1,5 @@
-"""What single splits of a running job take, told from its output as it comes through a pipe."""
+"""What single splits of a running job take, told from its output as it comes through a pipe. All are done by one
+process, which is watched."""
 import os
 import statistics
 import subprocess
@@ -37,7 +38,7 @@ def peak_memory(pid):
 
 
 def watch_splits(job):
-    process = subprocess.Popen([NONPAR, "run", job, "--quiet", "--language", "en", "--format", "json"],
+    process = subprocess.Popen([NONPAR, "run", job, "--quiet", "--language", "en", "--format", "json", "--jobs", "1"],
                                stdout=subprocess.PIPE, stdin=subprocess.DEVNULL)
     seen = Splits([], [], 0, 0)
     rest = b""

@@ -23,9 +23,9 @@ class Cost:
     peak: int
 
 
-def nonpar(job, form):
+def nonpar(job, form, *options):
     """The command that turns a job into a format of output."""
-    return [NONPAR, "run", job, "--quiet", "--language", "en", "--format", form, "-o", SCRATCH / f"out.{form}"]
+    return [NONPAR, "run", job, "--quiet", "--language", "en", "--format", form, "-o", SCRATCH / f"out.{form}", *options]
 
 
 def run_once(command):

@@ -5,6 +5,8 @@
 #include "refhost/run/PluginLibrary.h"
 #include "refhost/run/RunFailure.h"
 #include "refhost/run/SplitLoop.h"
+#include "refhost/run/UsualProcesses.h"
+#include "refhost/run/WorkerProcesses.h"
 
 #include <sys/ioctl.h>
 #include <unistd.h>
@@ -81,13 +83,20 @@ std::string TemplateFolder(const RunOptions& options, const Installation& instal
     throw RunFailure(fmt::format("{} is no folder of templates", options.fTemplates));
 }
 
-/// In several processes where the sink can be put together from parts.
+/// In several processes where the sink can be put together from parts. `jobs` is 0 where nobody
+/// says how many.
 SplitEnd RunAllSplits(const SplitPlan& plan, OutputSink& sink, std::size_t jobs)
 {
     auto* const parted = dynamic_cast<PartedSink*>(&sink);
-    const std::size_t processes = std::min(jobs, plan.fJob.fSplits.size());
+    const std::size_t wanted = jobs > 0 ? jobs : UsualProcesses(plan.fJob);
+    const std::size_t processes = std::min(wanted, plan.fJob.fSplits.size());
     if (!parted || processes < 2) return RunSplits(plan, sink);
-    return RunSplitsApart(plan, *parted, processes);
+    try {
+        return RunSplitsApart(plan, *parted, processes);
+    } catch (const NoProcess&) {
+        if (jobs > 0) throw;
+        return RunSplits(plan, sink);  // nobody asked for any
+    }
 }
 
 Job ReadJob(const std::string& file)

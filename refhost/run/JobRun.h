@@ -17,7 +17,7 @@ struct RunOptions {
     std::string fChartFolder;  ///< where each chart goes as a document of its own; nowhere if empty
     bool fPatterns = false;    ///< patterns in place of colours
     bool fQuiet = false;       ///< no progress
-    std::size_t fJobs = 1;     ///< processes that work on splits at the same time
+    std::size_t fJobs = 0;     ///< processes that work on splits; 0: as many as suit the job
 };
 
 enum class RunOutcome { Done, Unreadable, InvariantBroken, Interrupted, OutOfMemory };

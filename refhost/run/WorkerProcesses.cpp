@@ -1,7 +1,6 @@
 #include "refhost/run/WorkerProcesses.h"
 
 #include "refhost/run/Interruption.h"
-#include "refhost/run/RunFailure.h"
 
 #include <fcntl.h>
 #include <poll.h>
@@ -33,7 +32,7 @@ constexpr int kLookAgain = 100;     // milliseconds: an interruption may come be
 
 [[noreturn]] void FailToStart()
 {
-    throw RunFailure(fmt::format("a process can't be started: {}", std::strerror(errno)));
+    throw NoProcess(fmt::format("a process can't be started: {}", std::strerror(errno)));
 }
 
 std::string HowItEnded(int status)

@@ -8,8 +8,15 @@
 #include <vector>
 
 #include "refhost/run/FinishedSplit.h"
+#include "refhost/run/RunFailure.h"
 
 namespace refhost {
+
+/// The system has no room for another process.
+class NoProcess : public RunFailure {
+public:
+    using RunFailure::RunFailure;
+};
 
 /// Processes that work on the splits of a run at the same time. Each takes the next split that
 /// nobody has taken; what it makes of it is held here, one for each process, until its turn comes.
@@ -20,7 +27,7 @@ public:
     class Tasks;
     using Work = std::function<void(Tasks& tasks)>;
 
-    /// Throws `RunFailure` where a process can't be made.
+    /// Throws `NoProcess` where a process can't be made.
     WorkerProcesses(std::size_t processes, std::size_t splits, const Work& work);
 
     /// Ends those that are still at work.

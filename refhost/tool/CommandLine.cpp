@@ -35,7 +35,8 @@ std::optional<RunOptions> ReadCommandLine(int argc, char** argv, int& exitCode)
                     "A folder for each chart as a .vl.json of its own");
     run->add_option("--jobs", options.fJobs,
                     "Splits to work on at the same time, each in a process of its own "
-                    "(default: 1; not with xlsx or --charts, where it is always 1)")
+                    "(default: one for each processor where a job has many; always 1 with xlsx "
+                    "and --charts)")
         ->check(CLI::Range(1, kMostJobs));
     run->add_flag("--quiet", options.fQuiet, "No progress on the terminal");
     try {

@@ -73,7 +73,9 @@ void ByteOutput::Close()
 std::string ByteOutput::Take()
 {
     Flush();
-    return std::exchange(fKept, {});
+    std::string taken = std::exchange(fKept, {});
+    fKept.reserve(taken.size());  // what comes next is mostly as long
+    return taken;
 }
 
 void ByteOutput::Fail(int reason) const

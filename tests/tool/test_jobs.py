@@ -34,7 +34,8 @@ class Jobs(Case):
     def outcome(self, path, output_format, jobs):
         """All that a run leaves: exit code, standard error, the bytes of its output."""
         output = self.folder / f"{jobs}.{output_format}"
-        run = self.run_tool("run", path, "--jobs", jobs, "-o", output.name)
+        how = [] if jobs is None else ["--jobs", jobs]
+        run = self.run_tool("run", path, *how, "-o", output.name)
         return run.returncode, run.stderr, output.read_bytes()
 
     def forty_splits(self, **different):
@@ -51,7 +52,7 @@ class Jobs(Case):
         rows = [
             ("few splits", lambda: example("infertility"), 0, (2, 3, 7)),
             ("splits as headings", lambda: example("tooth-growth"), 0, (2, 3, 7)),
-            ("many splits", self.forty_splits, 0, (2, 3, 7, 1000)),
+            ("many splits", self.forty_splits, 0, (None, 2, 3, 7, 1000)),
             ("an unreadable split", lambda: self.forty_splits(at_17="<StatXML>"), 1, (2, 7)),
             ("no document", lambda: self.forty_splits(at_17=None), 1, (3,)),
             ("a broken invariant", lambda: self.forty_splits(at_17=broken), 3, (2, 7)),
@@ -91,16 +92,16 @@ class Jobs(Case):
 
 
 class Ends(Case):
-    def start(self, jobs=3, output_format="json"):
+    def start(self, *options, workers=3, output_format="json", last="0.xml"):
         """A long run over an earlier output, and the ids of its processes."""
         self.write("0.xml", document())
-        self.write("job.json", job([{"document": "0.xml"}] * MANY))
+        self.write("job.json", job([{"document": "0.xml"}] * MANY + [{"document": last}]))
         self.write(f"out.{output_format}", "earlier")
-        process = self.start_tool("run", "job.json", "--jobs", jobs, "-o", f"out.{output_format}")
+        process = self.start_tool("run", "job.json", *options or ("--jobs", workers), "-o", f"out.{output_format}")
         wait_for(lambda: any(file.stat().st_size > 50000 for file in self.folder.glob("*.part")))
-        workers = children(process.pid)
-        self.assertEqual(len(workers), jobs)
-        return process, workers
+        found = children(process.pid)
+        self.assertEqual(len(found), workers)
+        return process, found
 
     def assert_nothing_is_left(self, workers):
         wait_for(lambda: not any(map(is_there, workers)))
@@ -117,6 +118,17 @@ class Ends(Case):
                 self.assertRegex(errors, rb"(process at work on split \d+|process of the run) was ended by signal 9")
                 self.assertEqual((self.folder / "out.json").read_text(), "earlier")
                 self.assert_nothing_is_left(workers)
+
+    def test_where_nobody_says_the_processors_do_unless_a_document_is_large(self):
+        processors = len(os.sched_getaffinity(0))
+        usual = min(processors, 8) if processors > 1 else 0
+        self.write("large.xml", " " * (17 << 20))
+        for last, workers in (("0.xml", usual), ("missing.xml", usual), ("large.xml", 0)):
+            with self.subTest(last):
+                process, found = self.start("--quiet", workers=workers, last=last)
+                process.send_signal(signal.SIGINT)
+                process.communicate(timeout=60)
+                self.assert_nothing_is_left(found)
 
     def test_workers_end_with_the_run(self):
         process, workers = self.start()
