@@ -13,7 +13,9 @@ namespace refhost {
 namespace {
 
 constexpr std::size_t kBlockUnits = 1024;
-constexpr std::size_t kMostBytesOfUnit = 3;  // four for a pair, which are two units
+constexpr std::size_t kMostBytesOfUnit = 3;  // four for a pair, which are two units,
+constexpr std::size_t kMostBytesOfBlock =    // the first of which may lie before the block
+    kBlockUnits * kMostBytesOfUnit + 1;
 
 /// Writes the ASCII units at the front of a piece and tells how many there are.
 std::size_t WriteAscii(std::u16string_view piece, char* out)
@@ -65,7 +67,7 @@ std::uint32_t CodePointOfPair(char16_t leading, char16_t trailing)
 
 bool Utf8FromUtf16::Append(std::u16string_view piece, std::string& text)
 {
-    std::array<char, kBlockUnits * kMostBytesOfUnit> block;
+    std::array<char, kMostBytesOfBlock> block;
     while (!piece.empty()) {
         const std::u16string_view units = piece.substr(0, kBlockUnits);
         char* out = block.data();

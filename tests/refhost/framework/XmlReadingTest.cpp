@@ -175,6 +175,19 @@ TEST(LoadFromString, JoinsASurrogatePairThatLiesAcrossTwoPiecesOfAText)
     }
 }
 
+TEST(LoadFromString, ReadsAPairAmongTheLongestCharactersOfABlock)
+{
+    // Blocks have 1,024 units: a pair across two of them, and around it characters of three bytes.
+    std::string text;
+    for (int unit = 0; unit < 3 * 1024; ++unit)
+        text += unit % 1024 == 1023 ? "\xF0\x9F\x98\x80" : "\xE4\xB8\xAD";
+    SDOMXMLWrapper root;
+    ASSERT_NE(root.LoadFromString("<a b=\"" + text + "\"/>"), nullptr);
+    std::string read;
+    root.GetAttribute("b", read);
+    EXPECT_EQ(read, text);
+}
+
 TEST(LoadFromString, ReplacesTheDocumentOfALoadingWrapperOnly)
 {
     SDOMXMLWrapper root;
