@@ -52,11 +52,9 @@ int ClampedToInt(double value)
     return static_cast<int>(std::clamp(value, kLeast, kMost));
 }
 
-}  // namespace
-
-std::optional<double> ParseDouble(std::string_view text)
+/// Of a text that `NumberPart` gave.
+std::optional<double> DoubleOf(std::string_view number)
 {
-    const std::string_view number = NumberPart(text);
     const char* end = number.data() + number.size();
     double value = 0.0;
     const auto read = std::from_chars(number.data(), end, value);
@@ -69,13 +67,17 @@ std::optional<double> ParseDouble(std::string_view text)
     return value;
 }
 
+}  // namespace
+
+std::optional<double> ParseDouble(std::string_view text) { return DoubleOf(NumberPart(text)); }
+
 std::optional<int> ParseInteger(std::string_view text)
 {
     const std::string_view number = NumberPart(text);
     const bool negative = number.starts_with('-');
     const std::string_view digits = number.substr(negative ? 1 : 0);
     if (digits.empty() || digits.find_first_not_of(kDecimalDigits) != std::string_view::npos) {
-        const std::optional<double> value = ParseDouble(number);
+        const std::optional<double> value = DoubleOf(number);
         if (!value) return {};
         return ClampedToInt(*value);
     }

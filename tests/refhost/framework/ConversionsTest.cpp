@@ -64,6 +64,7 @@ TEST(String2Integer, CutsAndClamps)
         {"1e3", 1000, "an exponent"}, {"2147483648", INT_MAX, "clamped"}, {"-2147483649", INT_MIN, "clamped"},
         {std::string(400, '9'), INT_MAX, "clamped, whatever its length"}, {"-1e300", INT_MIN, "clamped"},
         {"", 0, "nothing"}, {"x", 0, "no number"}, {"1x", 0, "no number"}, {"-", 0, "no number"},
+        {"++5", 0, "one plus is enough"}, {"+ 5", 0, "a blank within"},
         {"nan", 0, "no number"}, {"1e999", 0, "no finite number"},
     };
     // clang-format on
