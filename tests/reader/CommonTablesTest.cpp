@@ -219,6 +219,28 @@ TEST(ReadValsNotInCategories, TakesTheValuesOfAllAttributes)
                 ElementsAre("a & <b>", "", "nameless"));
 }
 
+TEST(ReadAlgorithm, KeepsWhatCameBeforeAFault)
+{
+    const Element nameless("Attribute");
+    const auto testOf = [&](const Reading& reading) -> const Stats::BaseHypothesisTest& {
+        EXPECT_FALSE(reading.fRead);
+        return *reading.fStats.GetTest(0U);
+    };
+    const Reading condition(
+        ChiSquare({StructuredTable("Condition", {Attribute("ConditionKey", "a key"), nameless})}));
+    EXPECT_EQ(testOf(condition).fCondition.fConditionKey, "a key");
+    const Reading statistics(
+        ChiSquare({StructuredTable("StatisticsResult", {Attribute("TotalN", "7"), nameless})}));
+    double count = 0;
+    EXPECT_TRUE(testOf(statistics).GetStatistic(count, "TotalN", ""));
+    EXPECT_EQ(count, 7);
+    const Reading messages(ChiSquare({StructuredTable(
+        "WarningMessages",
+        {StructuredTable("0", {Attribute("code", "5"), Attribute("paramNum", "0")}), nameless})}));
+    ASSERT_EQ(testOf(messages).fMessages.size(), 1U);
+    EXPECT_EQ(testOf(messages).fMessages[0].fCode, 5);
+}
+
 TEST(ReadAlgorithm, FailsWithAnyOfItsCommonTables)
 {
     for (const char* name : {"Condition", "WarningMessages", "StatisticsResult"}) {

@@ -52,6 +52,7 @@ struct FieldInfoData {
 /// reader, then only read. It owns all records.
 class NOPROutputStats {
 public:
+    using NumericTable = ::NumericTable;
     struct ConditionParameter;
     struct ConditionData;
     struct WarningMessage;

@@ -56,8 +56,7 @@ bool ReadCondition(const SDOMXMLWrapper& element, ReaderState& state,
 {
     state.fIsUseSample = false;
     StructuredTableData data;
-    if (!ReadStructuredTable(element, data)) return false;
-
+    const bool isRead = ReadStructuredTable(element, data);  // what came before a fault counts
     for (XMLAttribute& attribute : data.fAttributes) {
         if (attribute.fName == "ConditionKey") {
             condition.fConditionKey = std::move(attribute.fValue);
@@ -70,7 +69,7 @@ bool ReadCondition(const SDOMXMLWrapper& element, ReaderState& state,
             AppendParameter(attribute, condition.fParameters);
         }
     }
-    return true;
+    return isRead;
 }
 
 bool ReadStatistics(const SDOMXMLWrapper& element, ReaderState& state,
@@ -78,8 +77,7 @@ bool ReadStatistics(const SDOMXMLWrapper& element, ReaderState& state,
 {
     state.fHasLowerBoundSig = false;
     StructuredTableData data;
-    if (!ReadStructuredTable(element, data)) return false;
-
+    const bool isRead = ReadStructuredTable(element, data);
     bool inRun = false;
     for (const ChildRef& child : data.fChildOrder) {
         const auto position = static_cast<std::size_t>(child.fPosition);
@@ -93,7 +91,7 @@ bool ReadStatistics(const SDOMXMLWrapper& element, ReaderState& state,
             statistics.push_back(BlockOf(data.fStrucTables[position]));
         }
     }
-    return true;
+    return isRead;
 }
 
 bool ReadValsNotInCategories(const SDOMXMLWrapper& element, std::vector<std::string>& values)

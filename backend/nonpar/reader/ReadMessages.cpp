@@ -31,8 +31,7 @@ bool ReadMessages(const SDOMXMLWrapper& element,
                   std::vector<NOPROutputStats::WarningMessage>& messages)
 {
     StructuredTableData data;
-    if (!ReadStructuredTable(element, data)) return false;
-
+    const bool isRead = ReadStructuredTable(element, data);
     messages.resize(data.fStrucTables.size());
     for (std::size_t index = 0; index < messages.size(); ++index) {
         Message& entry = messages[index];
@@ -40,5 +39,5 @@ bool ReadMessages(const SDOMXMLWrapper& element,
             SetAttribute(attribute, entry);
         if (!std::cmp_equal(entry.fCount, entry.fParameters.size())) return false;
     }
-    return true;
+    return isRead;
 }
