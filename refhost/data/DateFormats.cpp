@@ -14,14 +14,36 @@ const DateFormatRow* FindDateFormat(int formatType)
     return nullptr;
 }
 
-double HostNumber(double documentNumber, int formatType)
+namespace {
+
+/// Null for types whose numbers result documents hold as the host does.
+const DateFormatRow* FindConverted(int formatType)
 {
     const DateFormatRow* row = FindDateFormat(formatType);
-    if (!row || row->fUnit == DocumentUnit::AsHost) return documentNumber;
+    return row && row->fUnit != DocumentUnit::AsHost ? row : nullptr;
+}
+
+double SecondsOfUnit(const DateFormatRow& row)
+{
+    return row.fUnit == DocumentUnit::DaysSince1970 ? kSecondsPerDay : 1.0;
+}
+
+}  // namespace
+
+double HostNumber(double documentNumber, int formatType)
+{
+    const DateFormatRow* row = FindConverted(formatType);
+    if (!row) return documentNumber;
     if (IsUntold(documentNumber)) return kMissingValue;
-    const double factor = row->fUnit == DocumentUnit::DaysSince1970 ? kSecondsPerDay : 1.0;
-    const double seconds = documentNumber * factor + kSecondsTo1970;
+    const double seconds = documentNumber * SecondsOfUnit(*row) + kSecondsTo1970;
     return std::isfinite(seconds) ? seconds : kMissingValue;
+}
+
+double DocumentNumber(double hostNumber, int formatType)
+{
+    const DateFormatRow* row = FindConverted(formatType);
+    if (!row || IsUntold(hostNumber)) return hostNumber;
+    return (hostNumber - kSecondsTo1970) / SecondsOfUnit(*row);
 }
 
 double DocumentNumber(double secondsSince1970, DateLayout layout)

@@ -41,6 +41,9 @@ const DateFormatRow* FindDateFormat(int formatType);
 /// missing number stays; a date that would not be finite is missing.
 double HostNumber(double documentNumber, int formatType);
 
+/// The other way; a number that is no date of a document stays.
+double DocumentNumber(double hostNumber, int formatType);
+
 /// Seconds since 1970 as result documents hold a date of this layout: in seconds with a time, in
 /// days without one.
 double DocumentNumber(double secondsSince1970, DateLayout layout);

@@ -33,12 +33,19 @@ std::optional<std::string> DateFormatText(double seconds, DateLayout layout, int
     return {};
 }
 
+/// Nothing for a number that is no date or time of the format, or lies beyond the calendar.
+std::optional<std::string> DateOf(double number, const QORT_Format& format)
+{
+    const DateFormatRow* row = FindDateFormat(format.fType);
+    if (!row || IsUntold(number)) return {};
+    return DateFormatText(number, row->fLayout, format.fDecimals);
+}
+
 std::string FullText(double number, const QORT_Format& format)
 {
     if (IsUntold(number)) return ".";
-    if (const DateFormatRow* row = FindDateFormat(format.fType))
-        if (auto text = DateFormatText(number, row->fLayout, format.fDecimals)) return *text;
-    return FixedText(number, format.fDecimals);
+    const auto date = DateOf(number, format);
+    return date ? *date : FixedText(number, format.fDecimals);
 }
 
 /// The text of a number in a width; stars where not even one digit and its exponent fit.
@@ -64,6 +71,8 @@ std::string_view CutToWidth(std::string_view text, std::size_t width)
 
 std::string ValueText(const OBS& value, const QORT_Format& format)
 {
+    if (!value.IsString())
+        if (auto date = DateOf(value.Number(), format)) return *std::move(date);
     std::string text = value.IsString() ? std::string(CutToWidth(value.Text(), format.fWidth))
                                         : FittingText(value.Number(), format);
     text.erase(text.find_last_not_of(' ') + 1);

@@ -75,8 +75,10 @@ std::string BareText(const QORT_Variable* variable, const OBS& value)
     return refhost::ValueText(value, variable->GetFormat());
 }
 
-/// `host` is the value in the host's own unit, `passed` in the one in which it was given.
-Text ValueText(const QORT_Variable* variable, const OBS& passed, const OBS& host)
+/// A value in the unit in which it was passed, in that of result documents, which its label has,
+/// and in the host's own.
+Text ValueText(const QORT_Variable* variable, const OBS& passed, const OBS& document,
+               const OBS& host)
 {
     TextValue value;
     if (passed.IsString()) {
@@ -87,7 +89,7 @@ Text ValueText(const QORT_Variable* variable, const OBS& passed, const OBS& host
     std::string shown;
     if (variable) {
         value.fOf = variable->GetName();
-        const char* label = QORT_ValueLabelMap(variable->GetValueLabels()).GetLabel(passed);
+        const char* label = QORT_ValueLabelMap(variable->GetValueLabels()).GetLabel(document);
         value.fLabelled = label != nullptr;
         if (label) shown = label;
     }
@@ -97,7 +99,9 @@ Text ValueText(const QORT_Variable* variable, const OBS& passed, const OBS& host
 
 Text PlainValueText(const QORT_Variable* variable, const OBS& value)
 {
-    return ValueText(variable, value, value);
+    if (!variable || value.IsString()) return ValueText(variable, value, value, value);
+    const OBS document(refhost::DocumentNumber(value.Number(), variable->GetFormat().fType));
+    return ValueText(variable, value, document, value);
 }
 
 /// Numbers of date formats are in the unit of the result document here.
@@ -106,18 +110,13 @@ Text DocumentValueText(const QORT_Variable* variable, const OBS* value)
     if (!value) return PlainValueText(variable, OBS(refhost::kMissingValue));
     if (!variable || value->IsString()) return PlainValueText(variable, *value);
     const double number = refhost::HostNumber(value->Number(), variable->GetFormat().fType);
-    return ValueText(variable, *value, OBS(number));
+    return ValueText(variable, *value, *value, OBS(number));
 }
 
 Text VariableText(const QORT_Variable* variable)
 {
     if (!variable) return {TextVariable{}, ""};
     return {TextVariable{variable->GetName()}, variable->GetPreferredLabel()};
-}
-
-bool IsMessageCode(std::string_view key)
-{
-    return !key.empty() && std::ranges::all_of(key, [](char c) { return c >= '0' && c <= '9'; });
 }
 
 }  // namespace
@@ -129,10 +128,7 @@ TextRef Snapshot(const BpCellText& text) { return text.GetImpl()->Snapshot(); }
 std::string TableText(std::string_view string, bool lookup)
 {
     if (!lookup) return std::string(string);
-    const std::string* text = TextTable::Active().Find(TextTable::Section::Pivot, string);
-    if (text) return *text;
-    if (IsMessageCode(string)) return "Message " + std::string(string) + ".";
-    return std::string(string);
+    return TextTable::Active().LookUp(TextTable::Section::Pivot, string);
 }
 
 }  // namespace refhost

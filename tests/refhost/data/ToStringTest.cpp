@@ -85,6 +85,8 @@ TEST(ValueText, HasNoBlanksAroundIt)
     EXPECT_EQ(ValueText(OBS(2.0), {8, 5, 1}), "2.0");
     EXPECT_EQ(ValueText(OBS(std::string(" a   ")), {5, 1, 0}), "a");
     EXPECT_EQ(ValueText(OBS(std::string("   ")), {3, 1, 0}), "");
+    EXPECT_EQ(ValueText(OBS(12219379200.0), {8, 20, 0}), "1970-01-01") << "wider than the format";
+    EXPECT_EQ(ValueText(OBS(1e300), {8, 20, 0}), "1.0e+300") << "beyond any calendar";
     EXPECT_EQ(PaddedText("ab", {4, 1, 0}), "ab  ");
     EXPECT_EQ(PaddedText("abcdef", {4, 1, 0}), "abcdef");
 }

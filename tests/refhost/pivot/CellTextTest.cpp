@@ -85,6 +85,7 @@ TEST(CellText, ShowsValuesByTheirVariable)
         {{variable(3), &day, Preference::Preferred}, "1970-01-01", "document days"},
         {{variable(3), &labelledDay, Preference::Preferred}, "second", "a labelled day"},
         {{variable(3), 12219379200.0, Preference::Preferred}, "1970-01-01", "the host's own"},
+        {{variable(3), 12219465600.0, Preference::Preferred}, "second", "a labelled one of it"},
         {{variable(0), &missing, Preference::Preferred}, ".", "missing"},
         {{variable(0), static_cast<const OBS*>(nullptr), Preference::Preferred}, ".", "no value"},
         {{nullptr, 2.5, Preference::Preferred}, "2.5", "no variable"},
@@ -117,7 +118,7 @@ TEST(CellText, LooksKeysUp)
     };
     for (const Row& row : {Row{"Sig.", true, "p", "a key"}, Row{"Sig.", false, "Sig.", "literal"},
                            Row{"Decision", true, "Decision", "a key without a text"},
-                           Row{"123", true, "Message 123.", "a code without a text"},
+                           Row{"123", true, "123", "a code without a text"},
                            Row{"123", false, "123", "a literal number"}}) {
         SCOPED_TRACE(row.why);
         EXPECT_EQ(Snapshot(BpString(row.key, row.lookup))->fShown, row.shown);
