@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -75,7 +76,8 @@ private:
     const VariableSettings* fSettings = nullptr;        // may be null
     const VariableSettings* fFormatSettings = nullptr;  // whose relabels and format count
     std::map<std::string, std::string, std::less<>> fDerivedLabels;
-    const DateFormatRow* fDate = nullptr;  // null without a format of dates or times
+    std::set<std::string_view> fShownTexts;  // by relabels; rows that hold texts may hold these
+    const DateFormatRow* fDate = nullptr;    // null without a format of dates or times
     bool fIsDate = false;
     bool fIsDuration = false;
     bool fHoldsText = false;

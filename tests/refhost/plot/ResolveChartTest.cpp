@@ -131,6 +131,20 @@ TEST(ResolveChart, KeepsCategoriesOfOneLabelApartAndInTheirOrder)
     EXPECT_EQ(chart->fLegends[0].fEntries[0].fKey, "No");
 }
 
+TEST(ResolveChart, TakesATextThatIsALabelForNoKey)
+{
+    SampleChart sample(Template("NPARStackedBar"));
+    sample.Texts("categories", {"1", "2", "0"}).Texts("type", {"a", "a", "a"});
+    sample.Numbers("value", {40, 60, 50});
+    sample.Set("categories").fRelabels = {{"0", "1"}, {"1", "2"}};
+    const auto chart = sample.Resolve();
+    ASSERT_TRUE(chart);
+    std::string labels;
+    for (const auto& category : chart->fPlots[0].fX.fCategories)
+        labels += category.fLabel + ";";
+    EXPECT_EQ(labels, "1;2;1;") << "the third is a key";
+}
+
 TEST(ResolveChart, MirrorsTwoGroupsOnOneCountRange)
 {
     struct Row {
