@@ -151,9 +151,6 @@ std::string PlaceText(const json::Pointer& place)
             --end;  // no character is cut
         text.replace(end, std::string::npos, "...");
     }
-    std::replace_if(
-        text.begin(), text.end(),
-        [](char character) { return static_cast<unsigned char>(character) < ' '; }, ' ');
     return text;
 }
 

@@ -74,8 +74,10 @@ private:
 
     int IndexOf(const Value& name, const std::string& place) const
     {
-        const int index = fSource->FindVarIndex(name.GetString(), 0);
-        if (index < 0) Fail(place, fmt::format("there is no variable \"{}\"", name.GetString()));
+        const std::string text = TextOf(name);
+        const bool isWhole = text.find('\0') == std::string::npos;  // as it is asked for below
+        const int index = isWhole ? fSource->FindVarIndex(text.c_str(), 0) : -1;
+        if (index < 0) Fail(place, fmt::format("there is no variable \"{}\"", text));
         return index;
     }
 

@@ -1,5 +1,6 @@
 #include "refhost/run/JobRun.h"
 
+#include "refhost/run/ErrorLine.h"
 #include "refhost/run/Installation.h"
 #include "refhost/run/OutputPlace.h"
 #include "refhost/run/PluginLibrary.h"
@@ -132,7 +133,7 @@ RunOutcome RunJob(const RunOptions& options)
     const SplitEnd end =
         RunAllSplits({job, plugin, host, language, options.fQuiet}, *sink, options.fJobs);
     TextTable::Activate(nullptr);
-    if (!end.fLine.empty()) fmt::print(stderr, "nonpar: {}\n", end.fLine);
+    if (!end.fLine.empty()) TellError(end.fLine);
     sink->End(end.fEnd);
     place.Keep();
     return end.fOutcome;

@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <iostream>
 
+#include "refhost/run/ErrorLine.h"
 #include "refhost/tool/ExitCodes.h"
 
 namespace refhost {
@@ -46,7 +47,7 @@ std::optional<RunOptions> ReadCommandLine(int argc, char** argv, int& exitCode)
         exitCode = kExitDone;
         return std::nullopt;
     } catch (const CLI::ParseError& error) {
-        std::cerr << "nonpar: " << error.what() << '\n';
+        TellError(error.what());
         exitCode = kExitWrong;
         return std::nullopt;
     }

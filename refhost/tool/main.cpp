@@ -1,8 +1,8 @@
 #include <csignal>
 #include <exception>
-#include <iostream>
 #include <new>
 
+#include "refhost/run/ErrorLine.h"
 #include "refhost/run/Interruption.h"
 #include "refhost/run/JobRun.h"
 #include "refhost/tool/CommandLine.h"
@@ -48,9 +48,9 @@ try {
     if (!options) return exitCode;
     return ExitCodeOf(refhost::RunJob(*options));
 } catch (const std::bad_alloc&) {
-    std::cerr << "nonpar: out of memory\n";
+    refhost::TellError("out of memory");
     return refhost::kExitWrong;
 } catch (const std::exception& failure) {
-    std::cerr << "nonpar: " << failure.what() << '\n';
+    refhost::TellError(failure.what());
     return refhost::kExitWrong;
 }
