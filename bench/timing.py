@@ -9,7 +9,8 @@ from pathlib import Path
 
 ROOT = Path(__file__).resolve().parent.parent
 FOLDER = ROOT / "build" / "bench"           # the documents, kept for the next time
-SCRATCH = FOLDER / "output"                 # what a run writes, removed behind it
+MEMORY = Path("/dev/shm")                   # where there is one, a disk's moods don't count
+SCRATCH = (MEMORY if MEMORY.is_dir() else FOLDER) / "nonpar-bench"  # what a run writes, removed behind it
 NONPAR = ROOT / "build/release/bin/nonpar"
 BASELINE = ROOT / "build/release/bench_baseline"
 PEER = ROOT / "bench/peer.xsl"

@@ -51,9 +51,6 @@ function(nonpar_tests)
         if(TARGET tests_support)
             target_link_libraries(test_${name} PRIVATE tests_support)
         endif()
-        # Expected texts of many lines begin behind their first line feed.
-        target_compile_options(test_${name} PRIVATE
-            $<$<CXX_COMPILER_ID:Clang>:-Wno-string-plus-int>)
         target_include_directories(test_${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
         target_compile_definitions(test_${name} PRIVATE
             NONPAR_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
