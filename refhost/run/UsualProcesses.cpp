@@ -14,8 +14,9 @@ namespace {
 
 constexpr std::size_t kFewestSplits = 16;  // with fewer, starting processes takes what they save
 constexpr std::size_t kMostProcesses = 8;
-constexpr std::uintmax_t kLargestDocument = std::uintmax_t{16}
-                                            << 20U;  // takes some five times that
+
+// In bytes; a process takes some five times that.
+constexpr std::uintmax_t kLargestDocument = std::uintmax_t{16} << 20U;
 
 /// What can't be read is told when its split comes.
 bool IsLarge(const std::string& document)
