@@ -10,7 +10,8 @@ bool InterruptRun() noexcept;
 
 bool IsInterrupted() noexcept;
 
-/// The file that is not finished; null where there is none. The text outlives the next call.
+/// The file that is not finished, there or about to be; null where there is none. The text outlives
+/// the next call.
 void SetUnfinishedFile(const char* file) noexcept;
 
 /// The run was asked to stop, and output is taken no more.

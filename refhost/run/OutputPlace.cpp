@@ -35,17 +35,20 @@ OutputPlace::OutputPlace(const std::string& file) : fFile(file)
         return;
     }
     fPath = fmt::format("{}.{}.part", file, getpid());
+    SetUnfinishedFile(fPath.c_str());  // before it is there: the run may be ended at any moment
     const int descriptor = open(fPath.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
-    if (descriptor < 0)
-        throw RunFailure(fmt::format("{} can't be written: {}", file, std::strerror(errno)));
+    if (descriptor < 0) {
+        const int reason = errno;
+        SetUnfinishedFile(nullptr);
+        throw RunFailure(fmt::format("{} can't be written: {}", file, std::strerror(reason)));
+    }
     close(descriptor);
-    SetUnfinishedFile(fPath.c_str());
 }
 
 OutputPlace::~OutputPlace()
 {
-    SetUnfinishedFile(nullptr);
     if (!fPath.empty() && !fIsKept) std::remove(fPath.c_str());
+    SetUnfinishedFile(nullptr);
 }
 
 void OutputPlace::Keep()
