@@ -200,6 +200,9 @@ bool PushApart(NetworkPlan& plan, const std::vector<NodeRoom>& rooms)
     return false;
 }
 
+/// Finer places than a screen has only make the numbers of a picture long.
+double ToHundredth(double pixels) { return std::round(pixels * 100.0) / 100.0; }
+
 }  // namespace
 
 NetworkPlan LayOutNetwork(const std::vector<NodeRoom>& nodes, const std::vector<NetworkEdge>& edges,
@@ -215,9 +218,11 @@ NetworkPlan LayOutNetwork(const std::vector<NodeRoom>& nodes, const std::vector<
     for (int growth = 0; growth < kGrowths; ++growth) {
         FitInto(plan, points, nodes);
         if (PushApart(plan, nodes)) break;
-        plan.fWidth *= kGrowth;
-        plan.fHeight *= kGrowth;
+        plan.fWidth = std::ceil(plan.fWidth * kGrowth);
+        plan.fHeight = std::ceil(plan.fHeight * kGrowth);
     }
+    for (NodePlace& place : plan.fNodes)
+        place = {ToHundredth(place.fX), ToHundredth(place.fY)};
     return plan;
 }
 

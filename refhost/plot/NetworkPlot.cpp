@@ -23,7 +23,8 @@ constexpr std::size_t kLineLength = 24;  // characters after which a name goes o
 
 struct Node {
     std::string fKey;
-    std::string fLabel;
+    std::string fText;   ///< as the data have it
+    std::string fLabel;  ///< its lines as the picture shows them
     std::size_t fRow = 0;
 };
 
@@ -62,7 +63,8 @@ std::vector<Node> ReadNodes(ChartContext& context, const DataVariable& variable)
         const auto place = categories.Find(variable.Key(row));
         if (!place || isSeen[*place]) continue;
         isSeen[*place] = true;
-        nodes.push_back({variable.Key(row), Wrapped(variable.Text(row)), row});
+        const std::string text = variable.Text(row);
+        nodes.push_back({variable.Key(row), text, Wrapped(text), row});
     }
     return nodes;
 }
@@ -111,6 +113,32 @@ std::vector<NodeRoom> RoomsOf(const std::vector<Node>& nodes)
 
 std::string FirstLine(const std::string& text) { return text.substr(0, text.find('\n')); }
 
+std::string InOneLine(std::string_view text)
+{
+    std::string line;
+    for (const char character : text)
+        character == '\n' ? line.append(", ") : line.append(1, character);
+    return line;
+}
+
+/// A row of the data's table: two nodes and what the popup says of them under its first line. That
+/// is a value with its name, "Adj. Sig. = 0.012", and the name heads the column.
+void SummarizeEdge(ChartContext& context, const Node& from, const Node& to, std::string_view popup)
+{
+    constexpr std::string_view kEquals = " = ";
+    const std::size_t firstEnd = popup.find('\n');
+    std::string_view told = firstEnd == popup.npos ? "" : popup.substr(firstEnd + 1);
+    const std::size_t equals = told.find(kEquals);
+    std::vector<std::string>& columns = context.fSummary.fColumns;
+    if (columns.empty())
+        columns = {std::string(context.fWords.fFirstSample),
+                   std::string(context.fWords.fSecondSample),
+                   std::string(equals == told.npos ? "" : told.substr(0, equals))};
+    if (equals != told.npos && columns.back() == told.substr(0, equals))
+        told.remove_prefix(equals + kEquals.size());
+    Summarize(context, {}, {InOneLine(from.fText), InOneLine(to.fText), InOneLine(told)});
+}
+
 void AddEdges(ChartContext& context, const tree::Element& element, const std::vector<Node>& nodes,
               const std::vector<Edge>& edges, const NetworkPlan& plan, ResolvedPlot& plot)
 {
@@ -129,7 +157,7 @@ void AddEdges(ChartContext& context, const tree::Element& element, const std::ve
         const std::string pair = FirstLine(nodes[edge.fEnds.fFrom].fLabel) + " - " +
                                  FirstLine(nodes[edge.fEnds.fTo].fLabel);
         mark.fPopup = popup ? PopupText(context, *popup, edge.fRow) : pair;
-        context.fSummary.fRows.push_back({pair, mark.fPopup.substr(mark.fPopup.find('\n') + 1)});
+        SummarizeEdge(context, nodes[edge.fEnds.fFrom], nodes[edge.fEnds.fTo], mark.fPopup);
         const std::size_t category = types.Find(mark.fSeries).value_or(0);
         LayerOf(layers, 0, MarkKind::Rule, EdgeStyle(color, category))
             .fMarks.push_back(std::move(mark));

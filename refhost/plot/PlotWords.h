@@ -16,6 +16,8 @@ struct PlotWords {
     std::string_view fFirstQuartile = "First quartile";
     std::string_view fLowerWhisker = "Lower whisker";
     std::string_view fOutliers = "Outliers";
+    std::string_view fFirstSample = "Sample 1";
+    std::string_view fSecondSample = "Sample 2";
 
     // Of what a picture leaves out: how many of how many are in it.
     std::string_view fCutCategories = "The first ^1 of ^2 categories are drawn.";

@@ -47,6 +47,8 @@ constexpr WordRow kWords[] = {
     {"first-quartile", "First quartile", "Erstes Quartil"},
     {"lower-whisker",  "Lower whisker",  "Unteres Ende des Whiskers"},
     {"outliers",       "Outliers",       "Ausreißer"},
+    {"first-sample",   "Sample 1",       "Stichprobe 1"},
+    {"second-sample",  "Sample 2",       "Stichprobe 2"},
     {"cut-categories", "The first ^1 of ^2 categories are drawn.",
                        "Gezeichnet sind die ersten ^1 von ^2 Kategorien."},
     {"cut-groups",     "The first ^1 of ^2 groups are drawn.",
@@ -66,25 +68,34 @@ constexpr WordRow kWords[] = {
 };
 // clang-format on
 
+bool IsGerman(std::string_view language) { return language.substr(0, 2) == "de"; }
+
+PlotWords PlotWordsIn(std::string_view language)
+{
+    return {ReportWord(language, "upper-whisker"),  ReportWord(language, "third-quartile"),
+            ReportWord(language, "median"),         ReportWord(language, "first-quartile"),
+            ReportWord(language, "lower-whisker"),  ReportWord(language, "outliers"),
+            ReportWord(language, "first-sample"),   ReportWord(language, "second-sample"),
+            ReportWord(language, "cut-categories"), ReportWord(language, "cut-groups"),
+            ReportWord(language, "cut-nodes"),      ReportWord(language, "cut-entries"),
+            ReportWord(language, "cut-marks"),      ReportWord(language, "cut-rows"),
+            ReportWord(language, "far-line")};
+}
+
 }  // namespace
 
 std::string_view ReportWord(std::string_view language, std::string_view key)
 {
-    const bool german = language.substr(0, 2) == "de";
+    const bool german = IsGerman(language);
     for (const WordRow& row : kWords)
         if (row.fKey == key) return german ? row.fGerman : row.fEnglish;
     return key;
 }
 
-PlotWords WordsOfPlots(std::string_view language)
+const PlotWords& WordsOfPlots(std::string_view language)
 {
-    return {ReportWord(language, "upper-whisker"),  ReportWord(language, "third-quartile"),
-            ReportWord(language, "median"),         ReportWord(language, "first-quartile"),
-            ReportWord(language, "lower-whisker"),  ReportWord(language, "outliers"),
-            ReportWord(language, "cut-categories"), ReportWord(language, "cut-groups"),
-            ReportWord(language, "cut-nodes"),      ReportWord(language, "cut-entries"),
-            ReportWord(language, "cut-marks"),      ReportWord(language, "cut-rows"),
-            ReportWord(language, "far-line")};
+    static const PlotWords english = PlotWordsIn("en"), german = PlotWordsIn("de");
+    return IsGerman(language) ? german : english;
 }
 
 std::string ReportSentence(std::string_view language, std::string_view key,

@@ -18,6 +18,6 @@ std::string ReportSentence(std::string_view language, std::string_view key,
                            std::initializer_list<std::string_view> parts);
 
 /// The words that plots make themselves; they stay valid.
-PlotWords WordsOfPlots(std::string_view language);
+const PlotWords& WordsOfPlots(std::string_view language);
 
 }  // namespace refhost

@@ -57,6 +57,8 @@ for (const name of kReports) {
       assert.equal(await figure.locator(".not-drawn").count(), 0, `${title} is drawn`);
       const spec = JSON.parse(await figure.locator("script").textContent());
       assert.deepEqual(await drawnMarks(figure), expectedMarks(spec), title);
+      for (const cells of await figure.locator("details.data tr").evaluateAll(
+        (rows) => rows.map((row) => row.cells.length))) assert.ok(cells > 0, `${title}: cells`);
     }
     assert.deepEqual(page.said, []);
     assert.deepEqual(page.asked, []);

@@ -209,6 +209,7 @@ TEST(ResolveChart, DrawsEdgesOnlyForPairsInTheData)
     sample.Numbers("weight", {1, 4, 1}).Numbers("weightInPopup", {0.001, 0.5, 0.2});
     sample.Numbers("type", {1, 2, 1});
     sample.Set("node").fRelabels = {{"0", "casein\n52.33"}};
+    sample.Set("weightInPopup").fPrefix = "Adj. Sig. = ";
     const auto chart = sample.Resolve();
     ASSERT_TRUE(chart);
     const ResolvedPlot& plot = chart->fPlots[0];
@@ -220,6 +221,10 @@ TEST(ResolveChart, DrawsEdgesOnlyForPairsInTheData)
         const bool isSignificant = layer.fMarks[0].fSeries == "1";
         EXPECT_EQ(layer.fStyle.fDash.empty(), isSignificant) << "not by colour alone";
     }
+    using Strings = std::vector<std::string>;
+    EXPECT_EQ(chart->fData.fColumns, (Strings{"Sample 1", "Sample 2", "Adj. Sig."}));
+    EXPECT_EQ(chart->fData.fRows,
+              (std::vector<Strings>{{"casein, 52.33", "1", "0.001"}, {"1", "2", "0.500"}}));
 }
 
 TEST(ResolveChart, TakesHostileNumbersAndCountsOfCategories)
