@@ -55,8 +55,8 @@ HostFormat Format(const Words& words)
 
 void AddColumn(Chart& chart, const Words& words)
 {
-    if (chart.fNode.fSources.empty()) chart.fNode.fSources.emplace_back();
-    ChartSource& source = chart.fNode.fSources.back();
+    if (chart.fNode.fSources.empty()) chart.fNode.fSources.Own().emplace_back();
+    ChartSource& source = chart.fNode.fSources.Own().back();
     ChartSource::Column& column = source.fColumns.emplace_back();
     column.fName = words[1];
     for (auto word = words.begin() + 2; word != words.end(); ++word)
@@ -73,7 +73,7 @@ struct LineRow {
 
 // clang-format off
 constexpr LineRow kLines[] = {
-    {"source",   2, [](Chart& chart, const Words& words) { chart.fNode.fSources.emplace_back().fName = words[1]; }},
+    {"source",   2, [](Chart& chart, const Words& words) { chart.fNode.fSources.Own().emplace_back().fName = words[1]; }},
     {"column",   2, AddColumn},
     {"size",     3, [](Chart& chart, const Words& words) {
         chart.fDrawing.fWidth = Number(words[1]);

@@ -43,13 +43,15 @@ public:
     template <class... Arguments>
     void Record(std::string operation, const Arguments&... arguments)
     {
-        fCalls.push_back({std::move(operation), {Argument(arguments)...}});
+        ChartCall& call = fCalls.Own().emplace_back(ChartCall{std::move(operation), {}});
+        call.fArguments.reserve(sizeof...(arguments));
+        (call.fArguments.push_back(Argument(arguments)), ...);
     }
 
-    const std::vector<ChartCall>& Calls() const { return fCalls; }
+    const SharedList<ChartCall>& Calls() const { return fCalls; }
 
 private:
-    std::vector<ChartCall> fCalls;
+    SharedList<ChartCall> fCalls;
 };
 
 }  // namespace refhost

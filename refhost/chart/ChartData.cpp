@@ -1,8 +1,10 @@
 #include "refhost/chart/ChartData.h"
 
 #include <algorithm>
+#include <cstring>
 #include <stdexcept>
 #include <utility>
+#include <vector>
 
 #include <fmt/format.h>
 
@@ -25,51 +27,58 @@ constexpr std::size_t kLongestLabel = 256;
 constexpr int kShown = 2;    // as the plug-in reports
 constexpr int kWarning = 2;  // likewise
 
-std::string_view TextOf(const char* text) { return text ? text : ""; }
+const char* TextOf(const char* text) { return text ? text : ""; }
+
+bool Equals(const std::string& name, const char* other)
+{
+    return std::strcmp(name.c_str(), other) == 0;
+}
 
 }  // namespace
 
-refhost::ChartSource* VarDataProcessor::Impl::Find(std::string_view source)
+refhost::ChartSource* VarDataProcessor::Impl::Find(const char* source)
 {
-    if (fRecentSource < fSources.size() && fSources[fRecentSource].fName == source)
-        return &fSources[fRecentSource];
-    const auto found = std::ranges::find(fSources, source, &refhost::ChartSource::fName);
-    if (found == fSources.end()) return nullptr;
-    fRecentSource = static_cast<std::size_t>(found - fSources.begin());
+    std::vector<refhost::ChartSource>& sources = fSources.Own();
+    if (fRecentSource < sources.size() && Equals(sources[fRecentSource].fName, source))
+        return &sources[fRecentSource];
+    const auto found = std::ranges::find_if(
+        sources, [source](const auto& candidate) { return Equals(candidate.fName, source); });
+    if (found == sources.end()) return nullptr;
+    fRecentSource = static_cast<std::size_t>(found - sources.begin());
     return &*found;
 }
 
 refhost::ChartSource::Column* VarDataProcessor::Impl::FindColumn(refhost::ChartSource& source,
-                                                                 std::string_view name)
+                                                                 const char* name)
 {
     const std::size_t count = source.fColumns.size();
     std::size_t place = fNextColumn;
     for (std::size_t step = 0; step < count; ++step, ++place) {
         if (place >= count) place = 0;
-        if (source.fColumns[place].fName != name) continue;
+        if (!Equals(source.fColumns[place].fName, name)) continue;
         fNextColumn = place + 1;
         return &source.fColumns[place];
     }
     return nullptr;
 }
 
-void VarDataProcessor::Impl::AddSource(std::string_view source)
+void VarDataProcessor::Impl::AddSource(const char* source)
 {
-    if (!Find(source)) fSources.push_back({std::string(source), {}, 0});
+    if (!Find(source)) fSources.Own().push_back({source, {}, 0});
 }
 
-void VarDataProcessor::Impl::AddColumn(std::string_view source, std::string_view column)
+void VarDataProcessor::Impl::AddColumn(const char* source, const char* column)
 {
     refhost::ChartSource* const found = Find(source);
     if (!found) return;
     for (const auto& existing : found->fColumns) {
-        if (existing.fName == column) return;
+        if (Equals(existing.fName, column)) return;
     }
-    found->fColumns.push_back({std::string(column), {}});
+    found->fColumns.push_back({column, {}});
 }
 
-refhost::ChartValue* VarDataProcessor::Impl::PlaceFor(std::string_view source,
-                                                      std::string_view column, int row)
+std::vector<refhost::ChartValue>* VarDataProcessor::Impl::ValuesFor(const char* source,
+                                                                    const char* column, int row)
 {
     refhost::ChartSource* const found = Find(source);
     if (!found || row < 0) return nullptr;
@@ -78,11 +87,23 @@ refhost::ChartValue* VarDataProcessor::Impl::PlaceFor(std::string_view source,
     refhost::ChartSource::Column* const entry = FindColumn(*found, column);
     if (!entry) return nullptr;
     found->fRows = std::max(found->fRows, place + 1);
-    std::vector<refhost::ChartValue>& values = entry->fValues;
-    if (values.empty()) values.reserve(kUsualRows);
-    if (place == values.size()) return &values.emplace_back();
-    if (place > values.size()) values.resize(place + 1);
-    return &values[place];
+    if (entry->fValues.empty()) entry->fValues.reserve(kUsualRows);
+    return &entry->fValues;
+}
+
+template <class Value>
+void VarDataProcessor::Impl::Set(const char* source, const char* column, int row,
+                                 const Value& value)
+{
+    std::vector<refhost::ChartValue>* const values = ValuesFor(source, column, row);
+    if (!values) return;
+    const auto place = static_cast<std::size_t>(row);
+    if (place == values->size()) {
+        values->emplace_back(value);
+        return;
+    }
+    if (place > values->size()) values->resize(place + 1);
+    (*values)[place] = value;
 }
 
 void VarDataProcessor::Impl::CountText(const std::string& text)
@@ -116,24 +137,23 @@ void VarDataProcessor::AddDataSource(const char* source, int /*kind*/)
 void VarDataProcessor::AddVariable(const char* source, const char* variable, _varinfo* info)
 {
     fImpl->AddColumn(TextOf(source), TextOf(variable));
-    if (info) *info = {std::string(TextOf(source)), std::string(TextOf(variable))};
+    if (info) *info = {TextOf(source), TextOf(variable)};
 }
 
 void VarDataProcessor::SetVariableValue(const char* source, const char* variable, int row,
                                         double value)
 {
-    if (auto* const place = fImpl->PlaceFor(TextOf(source), TextOf(variable), row)) *place = value;
+    fImpl->Set(TextOf(source), TextOf(variable), row, value);
 }
 
 void VarDataProcessor::SetVariableValue(const _varinfo* info, int row, double value)
 {
-    if (!info) return;
-    if (auto* const place = fImpl->PlaceFor(info->fSource, info->fVariable, row)) *place = value;
+    if (info) fImpl->Set(info->fSource.c_str(), info->fVariable.c_str(), row, value);
 }
 
 void VarDataProcessor::SetStringVariableValue(const char* source, const char* variable, int row,
                                               const std::string& text)
 {
     Impl::CountText(text);
-    if (auto* const place = fImpl->PlaceFor(TextOf(source), TextOf(variable), row)) *place = text;
+    fImpl->Set(TextOf(source), TextOf(variable), row, text);
 }

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "refhost/document/OutputNode.h"
@@ -11,23 +10,28 @@
 /// The sources, column by column, as the output has them.
 class VarDataProcessor::Impl {
 public:
-    void AddSource(std::string_view source);
-    void AddColumn(std::string_view source, std::string_view column);
+    void AddSource(const char* source);
+    void AddColumn(const char* source, const char* column);
 
-    /// Where a value goes; null where it is passed over. Rows up to it are made.
-    refhost::ChartValue* PlaceFor(std::string_view source, std::string_view column, int row);
+    /// Sets a value, unless it is passed over. Rows up to it are made.
+    template <class Value>
+    void Set(const char* source, const char* column, int row, const Value& value);
 
     /// Throws, with a report, where the charts of the split hold too much text.
     static void CountText(const std::string& text);
 
-    const std::vector<refhost::ChartSource>& Sources() const { return fSources; }
+    const refhost::SharedList<refhost::ChartSource>& Sources() const { return fSources; }
 
 private:
-    /// Null where there is none of that name.
-    refhost::ChartSource* Find(std::string_view source);
-    refhost::ChartSource::Column* FindColumn(refhost::ChartSource& source, std::string_view name);
+    // Null where there is none of that name. Names end with a zero byte, which saves a look at
+    // their length for every value.
+    refhost::ChartSource* Find(const char* source);
+    refhost::ChartSource::Column* FindColumn(refhost::ChartSource& source, const char* name);
 
-    std::vector<refhost::ChartSource> fSources;
+    /// The values that one for this row is to be put into; null where it is passed over.
+    std::vector<refhost::ChartValue>* ValuesFor(const char* source, const char* column, int row);
+
+    refhost::SharedList<refhost::ChartSource> fSources;
     std::size_t fRecentSource = 0;  // of the last value, and most likely of the next
     std::size_t fNextColumn = 0;    // likewise: rows are set from left to right
 };

@@ -7,6 +7,8 @@
 #include <variant>
 #include <vector>
 
+#include "refhost/document/SharedList.h"
+
 /// The output of a run as plain data: tables, charts and reports, in the order in which a person
 /// reads them. The pivot and the chart library make nodes; writers read them and know nothing of
 /// the libraries.
@@ -141,8 +143,8 @@ struct ChartDrawing;
 struct ChartNode {
     std::string fTemplate;  ///< file name
     std::string fText;      ///< the text that the document was made from
-    std::vector<ChartSource> fSources;
-    std::vector<ChartCall> fCalls;
+    SharedList<ChartSource> fSources;
+    SharedList<ChartCall> fCalls;
 
     /// What a person reads beside the picture, UTF-8; empty where it was not set, and where charts
     /// are only recorded. A title that only the template holds stands here as well.
@@ -157,6 +159,7 @@ struct ChartNode {
 
 struct OutputNode {
     std::variant<TableNode, ErrorNode, ChartNode> fContent;
+    std::string fPrepared = {};  ///< what a writer made of it ahead of its turn
 };
 
 using OutputNodePtr = std::unique_ptr<OutputNode>;

@@ -20,7 +20,7 @@ TEST(ChartData, KeepsDeclaredColumnsRowByRow)
     data.SetVariableValue(&info, 2, 2.5);
     data.SetStringVariableValue("s", "a", 2, "text");
 
-    const auto& source = data.GetImpl().Sources().at(0);
+    const auto& source = data.GetImpl().Sources()[0];
     EXPECT_EQ(source.fRows, 3u);
     const std::vector<ChartValue> first{1.5, {}, std::string("text")};
     const std::vector<ChartValue> second{{}, {}, 2.5};

@@ -154,7 +154,7 @@ TEST(HtmlWriter, SetsALineInPlaceOfAPictureThatCantBeDrawn)
     chart.fTitle = "A <chart>";
     chart.fSubtitle = "of a split";
     chart.fDescription = "A <chart>; of a split";
-    chart.fSources.push_back({"source", {{"value", {1.5, std::string("<b>")}}}, 3});
+    chart.fSources.Own().push_back({"source", {{"value", {1.5, std::string("<b>")}}}, 3});
     const std::string report = ReportOf(std::move(chart));
     EXPECT_THAT(report, HasSubstr("A &lt;chart&gt;</a></p>"));
     EXPECT_THAT(report, HasSubstr("class=\"not-drawn\""));

@@ -31,14 +31,14 @@ public:
 
     SampleChart& Source(std::string name)
     {
-        fNode.fSources.emplace_back().fName = std::move(name);
+        fNode.fSources.Own().emplace_back().fName = std::move(name);
         return *this;
     }
 
     SampleChart& Column(std::string name, std::vector<ChartValue> values)
     {
         if (fNode.fSources.empty()) Source("graphSource");
-        ChartSource& source = fNode.fSources.back();
+        ChartSource& source = fNode.fSources.Own().back();
         source.fRows = std::max(source.fRows, values.size());
         source.fColumns.push_back({std::move(name), std::move(values)});
         return *this;
