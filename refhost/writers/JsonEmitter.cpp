@@ -15,15 +15,6 @@ constexpr double kMissingNumber = -std::numeric_limits<double>::max();
 
 }  // namespace
 
-void JsonEmitter::Key(std::string_view name)
-{
-    char* out = RoomBehindSeparator(name.size() + 2);
-    *out++ = '"';
-    out = std::ranges::copy(name, out).out;
-    *out++ = '"';
-    fOutput.Took(out);
-}
-
 void JsonEmitter::String(std::string_view text)
 {
     constexpr std::size_t kQuotes = 2;

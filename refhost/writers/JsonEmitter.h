@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <string_view>
 
 #include "refhost/json/JsonTypes.h"
@@ -20,7 +22,16 @@ public:
     void EndArray() { fWriter.EndArray(); }
 
     /// Names are the format's own, in ASCII that needs no escape.
-    void Key(std::string_view name);
+    void Key(std::string_view name)
+    {
+        constexpr std::size_t kQuotes = 2;
+        char* out = RoomBehindSeparator(name.size() + kQuotes);
+        *out++ = '"';
+        std::memcpy(out, name.data(), name.size());
+        out += name.size();
+        *out++ = '"';
+        fOutput.Took(out);
+    }
 
     /// A name that stands in a document.
     void ForeignKey(std::string_view name) { String(name); }
