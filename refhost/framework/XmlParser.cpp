@@ -8,9 +8,10 @@
 #include <string_view>
 
 #include <xercesc/framework/MemBufInputSource.hpp>
+#include <xercesc/framework/XMLAttr.hpp>
+#include <xercesc/framework/XMLElementDecl.hpp>
 #include <xercesc/parsers/SAX2XMLReaderImpl.hpp>
 #include <xercesc/sax/SAXParseException.hpp>
-#include <xercesc/sax2/Attributes.hpp>
 #include <xercesc/sax2/DefaultHandler.hpp>
 #include <xercesc/util/OutOfMemoryException.hpp>
 #include <xercesc/util/PlatformUtils.hpp>
@@ -45,36 +46,10 @@ std::string Utf8Text(const XMLCh* text)
     return result;
 }
 
-/// Hands the events of a parse to a tree builder.
-class TreeHandler : public DefaultHandler {
+/// Turns what a parse is broken off by into a failure with its place.
+class FailureHandler : public DefaultHandler {
 public:
-    explicit TreeHandler(XmlTreeBuilder& builder) : fBuilder(builder) {}
-
     void setDocumentLocator(const Locator* const locator) override { fLocator = locator; }
-
-    void startElement(const XMLCh* const, const XMLCh* const, const XMLCh* const name,
-                      const Attributes& attributes) override
-    {
-        Check(fBuilder.StartElement(name));
-        const XMLSize_t count = attributes.getLength();
-        for (XMLSize_t place = 0; place < count; ++place)
-            Check(fBuilder.AddAttribute(attributes.getQName(place), attributes.getValue(place)));
-    }
-
-    void characters(const XMLCh* const text, const XMLSize_t length) override
-    {
-        Check(fBuilder.AddText({text, length}));
-    }
-
-    void ignorableWhitespace(const XMLCh* const text, const XMLSize_t length) override
-    {
-        characters(text, length);
-    }
-
-    void endElement(const XMLCh* const, const XMLCh* const, const XMLCh* const) override
-    {
-        Check(fBuilder.EndElement());
-    }
 
     void error(const SAXParseException& exception) override { fatalError(exception); }
 
@@ -91,16 +66,11 @@ public:
     }
 
 private:
-    void Check(bool done) const
-    {
-        if (!done) Refuse(fBuilder.GetRefusal());
-    }
-
-    XmlTreeBuilder& fBuilder;
     const Locator* fLocator = nullptr;
 };
 
-/// The parser of the library, with all doors closed.
+/// The parser of the library, with all doors closed. The scanner's own events go to the tree
+/// builder, without the detour over names and attributes made for other readers.
 class Parser : public SAX2XMLReaderImpl {
 public:
     Parser()
@@ -116,8 +86,9 @@ public:
     XmlTree Read(const std::string& document)
     {
         XmlTreeBuilder builder(document);
-        TreeHandler handler(builder);
+        FailureHandler handler;
         fHandler = &handler;
+        fBuilder = &builder;
         setContentHandler(&handler);
         setErrorHandler(&handler);
         setLexicalHandler(&handler);  // without one, document types raise no event
@@ -131,8 +102,43 @@ public:
     /// The first event of a document type, before any declaration in it is read.
     void resetDocType() override { fHandler->Refuse(kDocumentTypeRefused); }
 
+    void startElement(const XMLElementDecl& element, const unsigned, const XMLCh* const,
+                      const RefVectorOf<XMLAttr>& attributes, const XMLSize_t count,
+                      const bool isEmpty, const bool) override
+    {
+        Check(fBuilder->StartElement(element.getFullName()));
+        for (XMLSize_t place = 0; place < count; ++place) {
+            const XMLAttr& attribute = *attributes.elementAt(place);
+            Check(fBuilder->AddAttribute(attribute.getQName(), attribute.getValue()));
+        }
+        if (isEmpty) Check(fBuilder->EndElement());
+    }
+
+    void endElement(const XMLElementDecl&, const unsigned, const bool, const XMLCh* const) override
+    {
+        Check(fBuilder->EndElement());
+    }
+
+    void docCharacters(const XMLCh* const text, const XMLSize_t length, const bool) override
+    {
+        Check(fBuilder->AddText({text, length}));
+    }
+
+    void ignorableWhitespace(const XMLCh* const text, const XMLSize_t length,
+                             const bool isCData) override
+    {
+        docCharacters(text, length, isCData);
+    }
+
 private:
-    const TreeHandler* fHandler = nullptr;  // valid while a document is read
+    void Check(bool done) const
+    {
+        if (!done) fHandler->Refuse(fBuilder->GetRefusal());
+    }
+
+    // Valid while a document is read.
+    const FailureHandler* fHandler = nullptr;
+    XmlTreeBuilder* fBuilder = nullptr;
 };
 
 /// The library's own ends the program where it can't be set up, which takes nothing but memory.
