@@ -39,9 +39,16 @@ public:
     virtual void OpenHeading(TextRef label) = 0;
     virtual void CloseHeading() = 0;
 
-    /// A table, chart or report under the innermost open heading; never null. Where memory runs out
+    /// Does for a node what can be done ahead of its turn; may be left out. Nodes are prepared on
+    /// any thread, several at a time, while others are written. Throws nothing but
+    /// `std::bad_alloc`, where `Node` does it all.
+    virtual void Prepare(OutputNode&) const {}
+    virtual bool PreparesNodes() const { return false; }  ///< whether that is anything
+
+    /// A table, chart or report under the innermost open heading; never null. A sink that keeps the
+    /// node takes it, one that has done with it leaves it to the caller. Where memory runs out
     /// (`std::bad_alloc`) the node is left out and the sink is as good as before.
-    virtual void Node(OutputNodePtr node) = 0;
+    virtual void Node(OutputNodePtr&& node) = 0;
     virtual void End(const RunEnd& end) = 0;
 };
 

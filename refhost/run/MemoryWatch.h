@@ -5,7 +5,8 @@
 namespace refhost {
 
 /// Notes that memory ran out, also where what was thrown is swallowed: a view that fails leaves no
-/// trace, and a chart must not be missing without a word. One at a time.
+/// trace, and a chart must not be missing without a word. All share one note, which a new watch
+/// wipes; they end in the reverse order in which they began.
 class MemoryWatch {
 public:
     MemoryWatch();

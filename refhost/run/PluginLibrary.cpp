@@ -2,8 +2,11 @@
 
 #include <dlfcn.h>
 
+#include <new>
+
 #include <fmt/format.h>
 
+#include "refhost/run/MemoryWatch.h"
 #include "refhost/run/RunFailure.h"
 
 #include "host/framework/CFProcCustom.h"
@@ -32,7 +35,9 @@ PluginLibrary::~PluginLibrary() { dlclose(fHandle); }
 
 std::unique_ptr<CFProcCustom> PluginLibrary::MakeProcedure() const
 {
+    const MemoryWatch memory;
     std::unique_ptr<CFProcCustom> procedure(fEntry());
+    if (!procedure && memory.RanOut()) throw std::bad_alloc();
     if (!procedure) throw RunFailure(fmt::format("{} makes no procedure", fFile));
     return procedure;
 }

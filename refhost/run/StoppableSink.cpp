@@ -44,7 +44,7 @@ void StoppableSink::CloseHeading()
     fNext.CloseHeading();
 }
 
-void StoppableSink::Node(OutputNodePtr node)
+void StoppableSink::Node(OutputNodePtr&& node)
 {
     ThrowWhereInterrupted();
     fHasOutput = true;

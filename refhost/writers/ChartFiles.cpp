@@ -63,7 +63,7 @@ void ChartFiles::OpenHeading(TextRef label) { fNext->OpenHeading(std::move(label
 
 void ChartFiles::CloseHeading() { fNext->CloseHeading(); }
 
-void ChartFiles::Node(OutputNodePtr node)
+void ChartFiles::Node(OutputNodePtr&& node)
 {
     if (const auto* chart = std::get_if<ChartNode>(&node->fContent)) WriteChart(*chart);
     fNext->Node(std::move(node));

@@ -19,7 +19,9 @@ public:
     void EndSplit() override;
     void OpenHeading(TextRef label) override;
     void CloseHeading() override;
-    void Node(OutputNodePtr node) override;
+    bool PreparesNodes() const override { return fNext->PreparesNodes(); }
+    void Prepare(OutputNode& node) const override { fNext->Prepare(node); }
+    void Node(OutputNodePtr&& node) override;
     void End(const RunEnd& end) override;
 
 private:

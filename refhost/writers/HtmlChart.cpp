@@ -98,14 +98,22 @@ bool AddsToTitles(const ChartNode& chart)
 }  // namespace
 
 void AppendChart(std::string& out, const ChartNode& chart, std::string_view id,
-                 std::string_view language)
+                 std::string_view language, std::string_view body)
 {
-    const std::unique_ptr<ResolvedChart> picture = ResolveChart(chart, WordsOfPlots(language));
     out.append("<figure class=\"chart\" id=\"").append(id).append("\" aria-labelledby=\"");
     out.append(id).append("-name\">\n<p class=\"title\" id=\"").append(id);
     out.append("-name\"><a href=\"#").append(id).append("\">");
     AppendMarkupText(out, chart.fTitle.empty() ? ReportWord(language, "untitled") : chart.fTitle);
     out.append("</a></p>\n");
+    if (body.empty())
+        AppendChartBody(out, chart, language);
+    else
+        out.append(body);
+}
+
+void AppendChartBody(std::string& out, const ChartNode& chart, std::string_view language)
+{
+    const std::unique_ptr<ResolvedChart> picture = ResolveChart(chart, WordsOfPlots(language));
     AppendParagraph(out, "subtitle", chart.fSubtitle);
     if (picture)
         AppendPicture(out, *picture, chart.fDescription);

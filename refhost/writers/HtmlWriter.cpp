@@ -74,11 +74,23 @@ public:
         --fDepth;
     }
 
-    void Node(OutputNodePtr node) override
+    bool PreparesNodes() const override { return true; }
+
+    void Prepare(OutputNode& node) const override
+    {
+        const auto* chart = std::get_if<ChartNode>(&node.fContent);
+        if (!chart) return;
+        std::string body;
+        AppendChartBody(body, *chart, fLanguage);
+        node.fPrepared = std::move(body);
+    }
+
+    void Node(OutputNodePtr&& node) override
     {
         const std::size_t whole = fMarkup.size();
         try {
-            std::visit([this](const auto& content) { Append(content); }, node->fContent);
+            const std::string prepared = std::move(node->fPrepared);
+            std::visit([&](const auto& content) { Append(content, prepared); }, node->fContent);
         } catch (...) {
             fMarkup.resize(whole);  // half a node would break the page around it
             throw;
@@ -128,22 +140,22 @@ private:
 
     // --- nodes ---
 
-    void Append(const TableNode& table)
+    void Append(const TableNode& table, std::string_view)
     {
         const std::string id = NextId('t', fTables);
         AppendTable(fMarkup, table, id, fLanguage);
         AddEntry("table", id, Shown(table.fTitle));
     }
 
-    void Append(const ChartNode& chart)
+    void Append(const ChartNode& chart, std::string_view body)
     {
         const std::string id = NextId('c', fCharts);
         fHasCharts = true;
-        AppendChart(fMarkup, chart, id, fLanguage);
+        AppendChart(fMarkup, chart, id, fLanguage, body);
         AddEntry("chart", id, chart.fTitle.empty() ? Word("untitled") : chart.fTitle);
     }
 
-    void Append(const ErrorNode& error)
+    void Append(const ErrorNode& error, std::string_view)
     {
         fMarkup.append("<p class=\"report\">");
         AppendMarkupText(fMarkup, error.fText);

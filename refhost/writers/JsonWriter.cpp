@@ -44,7 +44,7 @@ public:
 
     void CloseHeading() override { fNodes.Close(); }
 
-    void Node(OutputNodePtr node) override
+    void Node(OutputNodePtr&& node) override
     {
         try {
             fNodes.Write(*node);

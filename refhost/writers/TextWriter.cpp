@@ -39,7 +39,7 @@ public:
 
     void CloseHeading() override { --fDepth; }
 
-    void Node(OutputNodePtr node) override
+    void Node(OutputNodePtr&& node) override
     {
         std::visit([this](const auto& content) { Write(content); }, node->fContent);
     }

@@ -41,7 +41,7 @@ void XlsxWriter::OpenHeading(TextRef label)
 
 void XlsxWriter::CloseHeading() { fPaths.pop_back(); }
 
-void XlsxWriter::Node(OutputNodePtr node)
+void XlsxWriter::Node(OutputNodePtr&& node)
 {
     std::visit([this](const auto& content) { Write(content); }, node->fContent);
 }

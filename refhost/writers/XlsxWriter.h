@@ -19,7 +19,7 @@ public:
     void EndSplit() override {}
     void OpenHeading(TextRef label) override;
     void CloseHeading() override;
-    void Node(OutputNodePtr node) override;
+    void Node(OutputNodePtr&& node) override;
     void End(const RunEnd& end) override;
 
 private:

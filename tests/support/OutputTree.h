@@ -33,7 +33,10 @@ public:
         ++fDepth;
     }
     void CloseHeading() override { --fDepth; }
-    void Node(refhost::OutputNodePtr node) override { Open().push_back({{}, {}, std::move(node)}); }
+    void Node(refhost::OutputNodePtr&& node) override
+    {
+        Open().push_back({{}, {}, std::move(node)});
+    }
     void End(const refhost::RunEnd&) override {}
 
     std::vector<OutputTreeNode> fNodes;

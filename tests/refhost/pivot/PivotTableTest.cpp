@@ -228,7 +228,7 @@ public:
     void EndSplit() override {}
     void OpenHeading(TextRef) override { Write(); }
     void CloseHeading() override { Write(); }
-    void Node(OutputNodePtr) override { Write(); }
+    void Node(OutputNodePtr&&) override { Write(); }
     void End(const RunEnd&) override {}
 
     int fCalls = 0;

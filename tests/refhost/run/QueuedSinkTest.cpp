@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <new>
 #include <stdexcept>
 #include <string>
 
@@ -18,16 +19,24 @@ class Scribe : public OutputSink {
 public:
     explicit Scribe(int unwritable = kNever) : fUnwritable(unwritable) {}
 
+    bool PreparesNodes() const override { return true; }
+    void Prepare(OutputNode& node) const override
+    {
+        const int number = std::get<ErrorNode>(node.fContent).fShow;
+        if (number % 5 == 3) throw std::bad_alloc();
+        node.fPrepared += std::to_string(number);
+    }
+
     void Begin(const RunStart&) override { fRecord += "begin "; }
     void BeginSplit(std::size_t split) override { fRecord += "{" + std::to_string(split) + " "; }
     void EndSplit() override { fRecord += "} "; }
     void OpenHeading(TextRef) override { fRecord += "< "; }
     void CloseHeading() override { fRecord += "> "; }
-    void Node(OutputNodePtr node) override
+    void Node(OutputNodePtr&& node) override
     {
         const int number = std::get<ErrorNode>(node->fContent).fShow;
         if (number == fUnwritable) throw WriteFailure("full");
-        fRecord += std::to_string(number) + " ";
+        fRecord += (node->fPrepared.empty() ? std::to_string(number) : node->fPrepared) + " ";
         ++fNodes;
     }
     void End(const RunEnd&) override { fRecord += "end"; }
@@ -62,16 +71,18 @@ void WriteSplits(OutputSink& sink, std::size_t splits, int reports)
 
 TEST(QueuedSink, HandsEverythingOnInOrder)
 {
-    for (const int reports : {1, 62, 63, 64, 65, 1000}) {  // around a batch, and many
-        SCOPED_TRACE(reports);
+    for (const int reports : {1, 30, 31, 32, 33, 10000}) {  // around a batch, and many
         Scribe direct;
         WriteSplits(direct, 3, reports);
-        Scribe queued;
-        {
-            QueuedSink sink(queued);
-            WriteSplits(sink, 3, reports);
+        for (const std::size_t threads : {1, 2, 7}) {
+            SCOPED_TRACE(testing::Message() << reports << " reports, threads: " << threads);
+            Scribe queued;
+            {
+                QueuedSink sink(queued, threads);
+                WriteSplits(sink, 3, reports);
+            }
+            EXPECT_EQ(queued.fRecord, direct.fRecord);
         }
-        EXPECT_EQ(queued.fRecord, direct.fRecord);
     }
 }
 
@@ -99,7 +110,7 @@ TEST(QueuedSink, ThrowsWhatTheOtherSinkThrewAndWritesNoMore)
         SCOPED_TRACE(row.fWhy);
         Scribe scribe(row.fUnwritable);
         {
-            QueuedSink sink(scribe);
+            QueuedSink sink(scribe, 3);
             EXPECT_THROW(WriteSplits(sink, 2, row.fReports), WriteFailure);
             EXPECT_THROW(sink.EndSplit(), WriteFailure) << "and again";
             EXPECT_THROW(sink.End({}), WriteFailure);
@@ -114,7 +125,7 @@ TEST(QueuedSink, DropsWhatWaitsWhenItIsLeft)
         SCOPED_TRACE(reports);
         Scribe scribe;
         {
-            QueuedSink sink(scribe);
+            QueuedSink sink(scribe, 3);
             for (int number = 0; number < reports; ++number)
                 Report(sink, number);
         }
