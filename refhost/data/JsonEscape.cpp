@@ -1,6 +1,7 @@
 #include "refhost/data/JsonEscape.h"
 
 #include <array>
+#include <bit>
 #include <cstring>
 
 #include "refhost/data/Characters.h"
@@ -11,8 +12,15 @@ namespace refhost {
 namespace {
 
 struct Escape {
-    char fText[7] = {};  // \u001F is the longest; its place is copied whole
+    char fText[7] = {};  // \u001F is the longest
     unsigned char fLength = 0;
+
+    /// Writes more than the escape, in one step.
+    char* Put(char* out) const
+    {
+        std::memcpy(out, fText, sizeof fText);
+        return out + fLength;
+    }
 };
 
 constexpr Escape Letter(char letter) { return {{'\\', letter}, 2}; }
@@ -41,10 +49,8 @@ char* TakeSpecial(std::string_view& text, char* out)
 {
     const auto first = static_cast<unsigned char>(text.front());
     if (first < kEscapes.size()) {
-        const Escape& escape = kEscapes[first];
-        std::memcpy(out, escape.fText, sizeof escape.fText);
         text.remove_prefix(1);
-        return out + escape.fLength;
+        return kEscapes[first].Put(out);
     }
     const Character character = FirstCharacter(text);
     const std::string_view bytes =
@@ -53,10 +59,44 @@ char* TakeSpecial(std::string_view& text, char* out)
     return std::ranges::copy(bytes, out).out;
 }
 
+#ifdef __SSE2__
+
+/// Takes what begins before the `end`, as long as two blocks are left. A block is looked at once,
+/// however many escapes it needs: a template's text has one for every few bytes.
+template <char... kSpecials>
+char* TakeBlocks(std::string_view& text, const char* end, char* out)
+{
+    constexpr std::size_t kWidth = 16;
+    while (text.data() < end && text.size() >= 2 * kWidth) {
+        const char* const block = text.data();
+        unsigned specials = Block<kWidth>::Specials<kSpecials...>(Block<kWidth>::Load(block));
+        for (std::size_t taken = 0; true; specials &= specials - 1) {
+            const auto plain = static_cast<std::size_t>(std::countr_zero(specials));
+            std::memcpy(out, block + taken, kWidth);
+            out += plain - taken;
+            text = {block + plain, static_cast<std::size_t>(text.end() - (block + plain))};
+            if (plain == kWidth) break;
+            const auto special = static_cast<unsigned char>(block[plain]);
+            if (special >= kEscapes.size()) {
+                out = TakeSpecial(text, out);
+                break;
+            }
+            out = kEscapes[special].Put(out);
+            taken = plain + 1;
+        }
+    }
+    return out;
+}
+
+#endif
+
 template <char... kSpecials>
 char* TakePiece(std::string_view& text, char* out)
 {
     const char* const end = text.data() + std::min(text.size(), kEscapedPiece);
+#ifdef __SSE2__
+    out = TakeBlocks<kSpecials...>(text, end, out);
+#endif
     while (text.data() < end) {
         const std::string_view piece = text.substr(0, static_cast<std::size_t>(end - text.data()));
         const std::size_t plain = PlainRun<kSpecials...>(piece, out);

@@ -20,7 +20,7 @@ constexpr std::size_t kEscapedPiece = 1024;  ///< how many bytes, or a few more,
 constexpr std::size_t EscapedRoom(std::string_view text)
 {
     constexpr std::size_t kLongestEscape = 6;
-    constexpr std::size_t kBeyond = 8;  // the last character may reach beyond the piece
+    constexpr std::size_t kBeyond = 128;  // a last block, and what is copied behind an end
     return std::min(text.size(), kEscapedPiece) * kLongestEscape + kBeyond;
 }
 

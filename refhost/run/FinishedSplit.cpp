@@ -3,14 +3,18 @@
 #include <cerrno>
 #include <utility>
 
+#include "refhost/run/PartMemory.h"
+
 namespace refhost {
 
 namespace {
 
-std::array<std::string*, 6> TextsOf(FinishedSplit& split)
+/// All that is said of a split beside its bytes.
+template <class Split>
+auto TextsOf(Split& split)
 {
-    return {&split.fPart.fBytes,      &split.fPart.fOutline, &split.fEnd.fEnd.fFailure,
-            &split.fEnd.fEnd.fNotice, &split.fEnd.fLine,     &split.fThrown};
+    return std::array{&split.fPart.fOutline, &split.fEnd.fEnd.fFailure, &split.fEnd.fEnd.fNotice,
+                      &split.fEnd.fLine, &split.fThrown};
 }
 
 /// Leaves out the bytes that went through.
@@ -25,23 +29,35 @@ void Skip(std::vector<iovec>& pieces, std::size_t count)
     pieces.front().iov_len -= count;
 }
 
-void AddTexts(FinishedSplit& split, std::vector<iovec>& pieces)
+iovec PieceOf(std::string& text) { return {text.data(), text.size()}; }
+
+/// A piece that is written; the system has one type for both directions.
+iovec PieceOf(std::string_view text) { return {const_cast<char*>(text.data()), text.size()}; }
+
+void DropEmpty(std::vector<iovec>& pieces)
 {
-    for (std::string* text : TextsOf(split))
-        if (!text->empty()) pieces.push_back({text->data(), text->size()});
+    std::erase_if(pieces, [](const iovec& piece) { return piece.iov_len == 0; });
 }
 
 }  // namespace
 
-bool SendFinishedSplit(int pipe, FinishedSplit split)
+bool SendFinishedSplit(int pipe, PartMemory& memory, const FinishedSplit& split)
 {
-    FinishedSplitReader::Head head{split.fSplit, split.fEnd.fOutcome, split.fPart.fHasCharts,
-                                   /*fSizes=*/{}};
-    const auto texts = TextsOf(split);
-    for (std::size_t text = 0; text < texts.size(); ++text)
-        head.fSizes[text] = texts[text]->size();
+    const std::string_view bytes = split.fPart.fBytes;
+    FinishedSplitReader::Head head{};
+    head.fSplit = split.fSplit;
+    head.fOutcome = split.fEnd.fOutcome;
+    head.fHasCharts = split.fPart.fHasCharts;
+    head.fIsInMemory = memory.Put(bytes);
+    head.fSize = bytes.size();
     std::vector<iovec> pieces{{&head, sizeof head}};
-    AddTexts(split, pieces);
+    if (!head.fIsInMemory) pieces.push_back(PieceOf(bytes));
+    const auto texts = TextsOf(split);
+    for (std::size_t text = 0; text < texts.size(); ++text) {
+        head.fSizes[text] = texts[text]->size();
+        pieces.push_back(PieceOf(std::string_view(*texts[text])));
+    }
+    DropEmpty(pieces);
     while (!pieces.empty()) {
         const ssize_t written = ::writev(pipe, pieces.data(), static_cast<int>(pieces.size()));
         if (written < 0 && errno != EINTR) return false;
@@ -50,7 +66,10 @@ bool SendFinishedSplit(int pipe, FinishedSplit split)
     return true;
 }
 
-FinishedSplitReader::FinishedSplitReader() : fMissing{{&fHead, sizeof fHead}} {}
+FinishedSplitReader::FinishedSplitReader(PartMemory& memory)
+    : fMemory(memory), fMissing{{&fHead, sizeof fHead}}
+{
+}
 
 bool FinishedSplitReader::Read(int pipe)
 {
@@ -72,10 +91,20 @@ void FinishedSplitReader::BeginTexts()
     fSplit.fSplit = fHead.fSplit;
     fSplit.fEnd.fOutcome = fHead.fOutcome;
     fSplit.fPart.fHasCharts = fHead.fHasCharts;
+    fHoldsMemory = fHead.fIsInMemory;
+    if (fHead.fIsInMemory) {
+        fSplit.fPart.fBytes = fMemory.Next(fHead.fSize);
+    } else {
+        fBytes.resize(fHead.fSize);
+        fSplit.fPart.fBytes = fBytes;
+        fMissing.push_back(PieceOf(fBytes));
+    }
     const auto texts = TextsOf(fSplit);
-    for (std::size_t text = 0; text < texts.size(); ++text)
+    for (std::size_t text = 0; text < texts.size(); ++text) {
         texts[text]->resize(fHead.fSizes[text]);
-    AddTexts(fSplit, fMissing);
+        fMissing.push_back(PieceOf(*texts[text]));
+    }
+    DropEmpty(fMissing);
 }
 
 FinishedSplit FinishedSplitReader::Take()
@@ -83,6 +112,12 @@ FinishedSplit FinishedSplitReader::Take()
     fHasHead = false;
     fMissing.push_back({&fHead, sizeof fHead});
     return std::exchange(fSplit, {});
+}
+
+void FinishedSplitReader::Release()
+{
+    if (std::exchange(fHoldsMemory, false)) fMemory.Release();
+    fBytes = {};
 }
 
 }  // namespace refhost

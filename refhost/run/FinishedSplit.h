@@ -14,6 +14,8 @@
 
 namespace refhost {
 
+class PartMemory;
+
 /// What a worker has made of a split.
 struct FinishedSplit {
     std::uint64_t fSplit = 0;
@@ -22,13 +24,14 @@ struct FinishedSplit {
     std::string fThrown;  ///< why the run can't go on; empty where it can
 };
 
-/// Writes one to a pipe, whole. False where nobody reads it any more.
-bool SendFinishedSplit(int pipe, FinishedSplit split);
+/// Writes one to a pipe, whole but for its bytes where the memory has room for them. False where
+/// nobody reads it any more.
+bool SendFinishedSplit(int pipe, PartMemory& memory, const FinishedSplit& split);
 
-/// Reads one after the other from a pipe, as they come in pieces.
+/// Reads one after the other from a pipe, as they come in pieces, and from the memory.
 class FinishedSplitReader {
 public:
-    FinishedSplitReader();
+    explicit FinishedSplitReader(PartMemory& memory);
     FinishedSplitReader(const FinishedSplitReader&) = delete;
     FinishedSplitReader& operator=(const FinishedSplitReader&) = delete;
 
@@ -38,8 +41,10 @@ public:
     /// The current one is all there.
     bool IsComplete() const { return fHasHead && fMissing.empty(); }
 
-    /// Hands the current one over and begins the next.
+    /// Hands the current one over and begins the next. Its bytes are valid until `Release`, which
+    /// has to come before the next is read.
     FinishedSplit Take();
+    void Release();
 
 private:
     /// What can't be told by texts; both ends are the same program.
@@ -47,12 +52,17 @@ private:
         std::uint64_t fSplit;
         RunOutcome fOutcome;
         bool fHasCharts;
-        std::array<std::uint64_t, 6> fSizes;  // of the texts
+        bool fIsInMemory;
+        std::uint64_t fSize;                  // of the bytes
+        std::array<std::uint64_t, 5> fSizes;  // of the texts
     };
-    friend bool SendFinishedSplit(int pipe, FinishedSplit split);
+    friend bool SendFinishedSplit(int pipe, PartMemory& memory, const FinishedSplit& split);
 
     void BeginTexts();
 
+    PartMemory& fMemory;
+    bool fHoldsMemory = false;
+    std::string fBytes;  // that came through the pipe
     Head fHead{};
     bool fHasHead = false;
     FinishedSplit fSplit;

@@ -1,10 +1,10 @@
 #include "refhost/run/WorkerProcesses.h"
 
 #include "refhost/run/Interruption.h"
+#include "refhost/run/PartMemory.h"
 
 #include <fcntl.h>
 #include <poll.h>
-#include <sys/mman.h>
 #include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -14,7 +14,7 @@
 #include <cerrno>
 #include <csignal>
 #include <cstring>
-#include <new>
+#include <system_error>
 #include <utility>
 
 #include <fmt/format.h>
@@ -30,10 +30,7 @@ constexpr std::size_t kNone = static_cast<std::size_t>(-1);
 constexpr int kPipeSize = 1 << 20;  // fewer changes between processes; a smaller one does too
 constexpr int kLookAgain = 100;     // milliseconds: an interruption may come between two calls
 
-[[noreturn]] void FailToStart()
-{
-    throw NoProcess(fmt::format("a process can't be started: {}", std::strerror(errno)));
-}
+[[noreturn]] void Fail(int reason) { throw std::system_error(reason, std::generic_category()); }
 
 std::string HowItEnded(int status)
 {
@@ -50,18 +47,11 @@ struct WorkerProcesses::Shared {
     std::atomic<std::size_t> fNext = 0;                           // that nobody has taken
     std::array<std::atomic<std::size_t>, kMostProcesses> fTaken;  // by each worker, last
 
-    static Shared* Map()
+    Shared()
     {
-        void* memory = mmap(nullptr, sizeof(Shared), PROT_READ | PROT_WRITE,
-                            MAP_SHARED | MAP_ANONYMOUS, -1, 0);
-        if (memory == MAP_FAILED) FailToStart();
-        auto* shared = new (memory) Shared;
-        for (auto& taken : shared->fTaken)
+        for (auto& taken : fTaken)
             taken = kNone;
-        return shared;
     }
-
-    static void Unmap(Shared* shared) { munmap(shared, sizeof(Shared)); }
 };
 static_assert(std::atomic<std::size_t>::is_always_lock_free);
 
@@ -69,7 +59,8 @@ struct WorkerProcesses::Worker {
     pid_t fProcess = -1;
     int fPipe = -1;             // -1: nothing more comes
     std::size_t fLast = kNone;  // the split that came last
-    FinishedSplitReader fReader;
+    PartMemory fMemory;
+    FinishedSplitReader fReader{fMemory};
     std::optional<FinishedSplit> fFinished;  // waits for its turn
 };
 
@@ -81,15 +72,14 @@ std::optional<std::size_t> WorkerProcesses::Tasks::Take()
     return split;
 }
 
-bool WorkerProcesses::Tasks::Send(FinishedSplit split)
+bool WorkerProcesses::Tasks::Send(const FinishedSplit& split)
 {
     const bool isLast = split.fEnd.fOutcome != RunOutcome::Done || !split.fThrown.empty();
-    return SendFinishedSplit(fPipe, std::move(split)) && !isLast;
+    return SendFinishedSplit(fPipe, fMemory, split) && !isLast;
 }
 
 WorkerProcesses::WorkerProcesses(std::size_t processes, std::size_t splits, const Work& work)
-    : fShared(Shared::Map(), &Shared::Unmap)
-{
+try : fShared(MakeSharedObject<Shared>()) {
     const std::size_t count = std::min({processes, splits, kMostProcesses});
     try {
         while (fWorkers.size() < count)
@@ -98,6 +88,8 @@ WorkerProcesses::WorkerProcesses(std::size_t processes, std::size_t splits, cons
         EndAll();
         throw;
     }
+} catch (const std::system_error& failure) {
+    throw NoProcess(fmt::format("a process can't be started: {}", failure.code().message()));
 }
 
 WorkerProcesses::~WorkerProcesses() { EndAll(); }
@@ -106,15 +98,14 @@ void WorkerProcesses::Start(std::size_t splits, const Work& work)
 {
     auto worker = std::make_unique<Worker>();
     std::array<int, 2> ends{};
-    if (pipe2(ends.data(), O_CLOEXEC) != 0) FailToStart();
+    if (pipe2(ends.data(), O_CLOEXEC) != 0) Fail(errno);
     const pid_t parent = getpid();
     worker->fProcess = fork();
     if (worker->fProcess < 0) {
         const int reason = errno;
         close(ends[0]);
         close(ends[1]);
-        errno = reason;
-        FailToStart();
+        Fail(reason);
     }
     if (worker->fProcess == 0) {
         // A terminal interrupts all processes; ours is then the one that ends the run.
@@ -125,7 +116,7 @@ void WorkerProcesses::Start(std::size_t splits, const Work& work)
         close(ends[0]);
         for (const auto& other : fWorkers)  // or a pipe would outlive its reader
             close(other->fPipe);
-        Tasks tasks(*fShared, fWorkers.size(), splits, ends[1]);
+        Tasks tasks(*fShared, worker->fMemory, fWorkers.size(), splits, ends[1]);
         try {
             work(tasks);
         } catch (...) {  // found before a split was taken
@@ -142,10 +133,12 @@ void WorkerProcesses::Start(std::size_t splits, const Work& work)
 
 std::optional<FinishedSplit> WorkerProcesses::Next()
 {
+    if (fShown) std::exchange(fShown, nullptr)->fReader.Release();
     while (!IsInterrupted()) {
         for (const auto& worker : fWorkers) {
             if (!worker->fFinished || worker->fFinished->fSplit != fNext) continue;
             ++fNext;
+            fShown = worker.get();
             return std::exchange(worker->fFinished, std::nullopt);
         }
         Await();

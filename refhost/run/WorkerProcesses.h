@@ -9,6 +9,7 @@
 
 #include "refhost/run/FinishedSplit.h"
 #include "refhost/run/RunFailure.h"
+#include "refhost/run/SharedObject.h"
 
 namespace refhost {
 
@@ -35,7 +36,8 @@ public:
     WorkerProcesses(const WorkerProcesses&) = delete;
     WorkerProcesses& operator=(const WorkerProcesses&) = delete;
 
-    /// The next split in order; without a result where the run was interrupted.
+    /// The next split in order, whose bytes are valid until the next call; without a result where
+    /// the run was interrupted.
     std::optional<FinishedSplit> Next();
 
 private:
@@ -48,14 +50,15 @@ private:
     void EndAll();
 
     std::vector<std::unique_ptr<Worker>> fWorkers;
-    std::unique_ptr<Shared, void (*)(Shared*)> fShared;
-    std::size_t fNext = 0;  // the split whose turn it is
+    SharedObject<Shared> fShared;
+    std::size_t fNext = 0;     // the split whose turn it is
+    Worker* fShown = nullptr;  // whose bytes are in use
 };
 
 class WorkerProcesses::Tasks {
 public:
-    Tasks(Shared& shared, std::size_t worker, std::size_t splits, int pipe)
-        : fShared(shared), fWorker(worker), fSplits(splits), fPipe(pipe)
+    Tasks(Shared& shared, PartMemory& memory, std::size_t worker, std::size_t splits, int pipe)
+        : fShared(shared), fMemory(memory), fWorker(worker), fSplits(splits), fPipe(pipe)
     {
     }
 
@@ -63,10 +66,11 @@ public:
     std::optional<std::size_t> Take();
 
     /// Hands over what has become of it. False where there is nothing more to do.
-    bool Send(FinishedSplit split);
+    bool Send(const FinishedSplit& split);
 
 private:
     Shared& fShared;
+    PartMemory& fMemory;
     std::size_t fWorker;
     std::size_t fSplits;
     int fPipe;

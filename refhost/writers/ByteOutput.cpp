@@ -51,6 +51,7 @@ void ByteOutput::WriteBeyond(std::string_view bytes)
 void ByteOutput::Send(std::string_view bytes)
 {
     if (fText) {
+        if (std::exchange(fIsTaken, false)) fText->clear();
         *fText += bytes;
         return;
     }
@@ -70,12 +71,11 @@ void ByteOutput::Close()
     if (::close(fDescriptor) != 0) Fail(errno);  // some file systems tell of a full disk only here
 }
 
-std::string ByteOutput::Take()
+std::string_view ByteOutput::Take()
 {
     Flush();
-    std::string taken = std::exchange(fKept, {});
-    fKept.reserve(taken.size());  // what comes next is mostly as long
-    return taken;
+    fIsTaken = true;
+    return fKept;
 }
 
 void ByteOutput::Fail(int reason) const

@@ -60,8 +60,8 @@ public:
     /// Flushes, and closes a file.
     void Close();
 
-    /// What was kept since the last call.
-    std::string Take();
+    /// What was kept since the last call; valid until the next is called for or written.
+    std::string_view Take();
 
 private:
     /// Writes what the piece has no room for.
@@ -72,6 +72,7 @@ private:
     [[noreturn]] void Fail(int reason) const;
 
     std::string fKept;
+    bool fIsTaken = false;  // what is kept
     std::string* fText = nullptr;
     std::string fName;
     int fDescriptor = -1;

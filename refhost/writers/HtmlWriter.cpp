@@ -116,8 +116,9 @@ public:
     SplitPart TakePart() override
     {
         SplitPart part{.fBytes = fOutput->Take(), .fHasCharts = std::exchange(fHasCharts, false)};
-        fOutline.MoveTo(*fOutput);
-        part.fOutline = fOutput->Take();
+        ByteOutput outline(part.fOutline);
+        fOutline.MoveTo(outline);
+        outline.Flush();
         return part;
     }
 

@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 
 #include "refhost/document/OutputSink.h"
 
@@ -9,7 +10,7 @@ namespace refhost {
 
 /// What one split wrote, apart from the output that it belongs to.
 struct SplitPart {
-    std::string fBytes;
+    std::string_view fBytes;    ///< held by whoever tells of them
     std::string fOutline = {};  ///< its entries in an outline that stands elsewhere
     bool fHasCharts = false;
 };
@@ -22,6 +23,7 @@ public:
     virtual std::unique_ptr<PartedSink> ForParts(const RunStart& start) const = 0;
 
     /// What was written since the last part; of a sink that `ForParts` made, behind an `EndSplit`.
+    /// The bytes stay valid until the next split.
     virtual SplitPart TakePart() = 0;
 
     /// Writes a split as its part, in place of `BeginSplit` to `EndSplit`.
