@@ -3,6 +3,7 @@
 #include <array>
 #include <bit>
 #include <cstring>
+#include <string>
 
 #include "refhost/data/Characters.h"
 #include "refhost/data/PlainRun.h"
@@ -110,6 +111,15 @@ char* TakePiece(std::string_view& text, char* out)
 }  // namespace
 
 char* TakeEscaped(std::string_view& text, char* out) { return TakePiece<'"', '\\'>(text, out); }
+
+std::string EscapedJson(std::string_view text)
+{
+    std::string escaped;
+    std::array<char, EscapedRoom(kEscapedPiece)> room;
+    while (!text.empty())
+        escaped.append(room.data(), TakeEscaped(text, room.data()));
+    return escaped;
+}
 
 char* TakeEscapedForScript(std::string_view& text, char* out)
 {

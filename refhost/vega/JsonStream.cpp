@@ -39,7 +39,7 @@ void JsonStream::Value(std::string_view text)
     Separate();
     Put('"');
     while (!text.empty())
-        Took(TakeEscapedForScript(text, Room(EscapedRoom(text))));
+        Took(TakeEscapedForScript(text, Room(EscapedRoom(text.size()))));
     Put('"');
     fIsBehindValue = true;
 }

@@ -18,12 +18,12 @@ constexpr double kMissingNumber = -std::numeric_limits<double>::max();
 void JsonEmitter::String(std::string_view text)
 {
     constexpr std::size_t kQuotes = 2;
-    char* out = RoomBehindSeparator(EscapedRoom(text) + kQuotes);
+    char* out = RoomBehindSeparator(EscapedRoom(text.size()) + kQuotes);
     *out++ = '"';
     out = TakeEscaped(text, out);
     while (!text.empty()) {
         fOutput.Took(out);
-        out = TakeEscaped(text, fOutput.Room(EscapedRoom(text) + kQuotes));
+        out = TakeEscaped(text, fOutput.Room(EscapedRoom(text.size()) + kQuotes));
     }
     *out++ = '"';
     fOutput.Took(out);

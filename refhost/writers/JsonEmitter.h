@@ -21,7 +21,7 @@ public:
     void BeginArray() { fWriter.BeginArray(); }
     void EndArray() { fWriter.EndArray(); }
 
-    /// Names are the format's own, in ASCII that needs no escape.
+    /// A name that needs no escape, or is escaped.
     void Key(std::string_view name)
     {
         constexpr std::size_t kQuotes = 2;
@@ -32,9 +32,6 @@ public:
         *out++ = '"';
         fOutput.Took(out);
     }
-
-    /// A name that stands in a document.
-    void ForeignKey(std::string_view name) { String(name); }
 
     void String(std::string_view text);
     void Number(double number);

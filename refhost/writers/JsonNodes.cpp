@@ -1,7 +1,10 @@
 #include "refhost/writers/JsonNodes.h"
 
 #include <algorithm>
+#include <string>
+#include <vector>
 
+#include "refhost/data/JsonEscape.h"
 #include "refhost/writers/JsonEmitter.h"
 
 namespace refhost {
@@ -235,23 +238,27 @@ private:
         fJson.EndArray();
         fJson.Key("rows");
         fJson.BeginArray();
+        std::vector<std::string> names;  // every row repeats them
+        names.reserve(source.fColumns.size());
+        for (const ChartSource::Column& column : source.fColumns)
+            names.push_back(EscapedJson(column.fName));
         for (std::size_t row = 0; row < source.fRows; ++row) {
             Line(3);
-            Row(source, row);
+            Row(source, names, row);
         }
         fJson.EndArray();
         fJson.EndObject();
     }
 
-    void Row(const ChartSource& source, std::size_t row)
+    void Row(const ChartSource& source, const std::vector<std::string>& names, std::size_t row)
     {
         fJson.BeginObject();
-        for (const ChartSource::Column& column : source.fColumns) {
-            if (row >= column.fValues.size()) continue;
-            const ChartValue& value = column.fValues[row];
-            if (std::holds_alternative<std::monostate>(value)) continue;
-            fJson.ForeignKey(column.fName);
-            Write(value);
+        for (std::size_t place = 0; place < source.fColumns.size(); ++place) {
+            const std::vector<ChartValue>& values = source.fColumns[place].fValues;
+            if (row >= values.size() || std::holds_alternative<std::monostate>(values[row]))
+                continue;
+            fJson.Key(names[place]);
+            Write(values[row]);
         }
         fJson.EndObject();
     }
