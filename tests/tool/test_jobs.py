@@ -1,6 +1,7 @@
 """Splits in several processes: the same output, the same endings, and nothing left behind."""
 import json
 import os
+import re
 import signal
 import unittest
 from pathlib import Path
@@ -49,10 +50,12 @@ class Jobs(Case):
 
     def test_several_processes_write_what_one_writes(self):
         broken = document(second="")
+        large = document(tests=re.search("<Algorithm.*</Algorithm>", document())[0] * 4500)
         rows = [
             ("few splits", lambda: example("infertility"), 0, (2, 3, 7)),
             ("splits as headings", lambda: example("tooth-growth"), 0, (2, 3, 7)),
             ("many splits", self.forty_splits, 0, (None, 2, 3, 7, 1000)),
+            ("splits of many megabytes among small ones", lambda: self.write_job([document(), large] * 3), 0, (2, 7)),
             ("an unreadable split", lambda: self.forty_splits(at_17="<StatXML>"), 1, (2, 7)),
             ("no document", lambda: self.forty_splits(at_17=None), 1, (3,)),
             ("a broken invariant", lambda: self.forty_splits(at_17=broken), 3, (2, 7)),
