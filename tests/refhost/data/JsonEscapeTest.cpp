@@ -56,7 +56,9 @@ TEST(JsonEscape, SetsTheReplacementForWhatIsNotUtf8)
     for (const std::size_t before : {0, 5, 15, 31, 1023}) {
         const std::string plain(before, 'x'), behind(40, 'y');
         for (const char* broken : {"\x80", "\xFF", "\xC3", "\xE2\x82", "\xC0\xAF"}) {
-            const std::string read = ReadBack(EscapedJson(plain + broken + "\"" + behind));
+            std::string text = plain;
+            text.append(broken).append("\"").append(behind);
+            const std::string read = ReadBack(EscapedJson(text));
             ASSERT_EQ(read.substr(0, before + 3), plain + replacement);
             ASSERT_EQ(read.substr(read.size() - 41), "\"" + behind);
         }
