@@ -77,6 +77,7 @@ TEST_F(PairwiseGraphs, SamplesAreNumbersWhereAllNamesAreAndPositionsOtherwise)
     };
     const Row rows[] = {
         {"all name samples", {2, 0, 1}, {{2, 1, 0}}, {"from=2 to=1"}},
+        {"names are cut to whole numbers", {2, 0, 1}, {{2.5, 1.9, 0}}, {"from=2 to=1"}},
         {"one does not: positions", {4, 5, 1}, {{0, 1, 0}}, {"from=4 to=5"}},
         {"a position beyond the row has no edge",
          {4, 5, 6},

@@ -74,9 +74,9 @@ void IMoses::EditDocument(XDocument& document)
     const CTVariable* label = FindVariable(visualization, kLabelVariable);
     const CTVariable* group = FindVariable(visualization, kGroupVariable);
     const std::vector<ViZGraph*> graphs = visualization.getGraphs();
-    if (graphs.empty()) return;
+    if (graphs.empty() || !graphs.front()) return;
     const std::vector<ViZSchema*> schemas = graphs.front()->getSchemas();
-    if (schemas.empty()) return;
+    if (schemas.empty() || !schemas.front()) return;
     ViZSchema& schema = *schemas.front();
     if (label) schema.addLabeling()->setVariable(label);
     if (!group) return;

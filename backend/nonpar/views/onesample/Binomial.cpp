@@ -81,9 +81,10 @@ void Binomial::EditTemplate(std::string& text)
     const std::string label = variable ? variable->GetPreferredLabel() : std::string();
     ReplaceToken(text, kLegendToken, XUtility::ChartStringFromLocalCodePage(label).toUTF8());
 
-    ReplaceToken(text, kOrderToken,
-                 CategoryLabel("", std::string(kFirstColumn), /*escaped=*/true) + ";" +
-                     CategoryLabel("", std::string(kSecondColumn), /*escaped=*/true));
+    ChartString order = CategoryLabel("", std::string(kFirstColumn), /*escaped=*/true);
+    order.append(";");
+    order.append(CategoryLabel("", std::string(kSecondColumn), /*escaped=*/true));
+    ReplaceToken(text, kOrderToken, order.toUTF8());
 }
 
 const FieldInfoData* Binomial::TestField()

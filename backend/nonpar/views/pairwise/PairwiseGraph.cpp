@@ -1,7 +1,8 @@
 #include "views/pairwise/PairwiseGraph.h"
 
 #include <algorithm>
-#include <unordered_set>
+#include <optional>
+#include <unordered_map>
 
 #include "charts/ChartWords.h"
 #include "charts/NumberText.h"
@@ -71,7 +72,8 @@ struct PairwiseGraph::State {
         return fStats->GetMetaData()->GetField(fPairwise->fFieldIndex);
     }
 
-    bool NamesSamples(const std::vector<double>& column) const;
+    /// The samples whose numbers a column holds; without a result where one is no such number.
+    std::optional<std::vector<double>> NamedSamples(const std::vector<double>& column) const;
     ChartString Title() const;
     ChartString Footnote() const;
     ChartString OfSampleField(const char* key) const;
@@ -89,13 +91,20 @@ PairwiseGraph::PairwiseGraph(const NOPROutputStats* stats,
 
 PairwiseGraph::~PairwiseGraph() = default;
 
-bool PairwiseGraph::State::NamesSamples(const std::vector<double>& column) const
+std::optional<std::vector<double>> PairwiseGraph::State::NamedSamples(
+    const std::vector<double>& column) const
 {
-    std::unordered_set<int> samples;
+    std::unordered_map<int, double> samples;
     for (const double sample : Samples())
-        samples.insert(CutToInt(sample));
-    return std::all_of(column.begin(), column.end(),
-                       [&](double number) { return samples.contains(CutToInt(number)); });
+        samples.emplace(CutToInt(sample), sample);
+    std::vector<double> named;
+    named.reserve(column.size());
+    for (const double number : column) {
+        const auto sample = samples.find(CutToInt(number));
+        if (sample == samples.end()) return std::nullopt;
+        named.push_back(sample->second);
+    }
+    return named;
 }
 
 std::vector<double> PairwiseGraph::ColumnValues(const std::string& name, bool raw) const
@@ -142,20 +151,23 @@ int PairwiseGraph::FillChartData(VarDataProcessor& processor)
 
     // Where both columns name samples, they are numbers, as the table of pairs reads them;
     // otherwise they are positions.
-    const bool areNumbers = fState->NamesSamples(ColumnValues("Sample1", true)) &&
-                            fState->NamesSamples(ColumnValues("Sample2", true));
-    const std::vector<double> first = ColumnValues("Sample1", areNumbers);
-    const std::vector<double> second = ColumnValues("Sample2", areNumbers);
+    auto first = fState->NamedSamples(ColumnValues("Sample1", true));
+    auto second = fState->NamedSamples(ColumnValues("Sample2", true));
+    if (!first || !second) {
+        first = ColumnValues("Sample1", false);
+        second = ColumnValues("Sample2", false);
+    }
     const std::vector<double> significances = ColumnValues("AdjSig", true);
     const std::vector<double> types = SignificanceTypes(significances);
-    const std::size_t pairs = std::min({first.size(), second.size(), significances.size()});
+    const std::size_t pairs = std::min({first->size(), second->size(), significances.size()});
     int edge = 0;
     for (std::size_t pair = 0; pair < pairs; ++pair) {
         const double significance = significances[pair];
-        if (significance == kNoDifference || IsMissing(first[pair]) || IsMissing(second[pair]))
+        if (significance == kNoDifference || IsMissing((*first)[pair]) ||
+            IsMissing((*second)[pair]))
             continue;
-        processor.SetVariableValue(kEdges, kFrom, edge, first[pair]);
-        processor.SetVariableValue(kEdges, kTo, edge, second[pair]);
+        processor.SetVariableValue(kEdges, kFrom, edge, (*first)[pair]);
+        processor.SetVariableValue(kEdges, kTo, edge, (*second)[pair]);
         processor.SetVariableValue(kEdges, kWeight, edge, EdgeWeight(significance));
         processor.SetVariableValue(kEdges, kWeightInPopup, edge, significance);
         processor.SetVariableValue(kEdges, kType, edge, types[pair]);

@@ -57,7 +57,8 @@ try {
     if (!obs) return columnName;
     const ChartString text = ValueKey(*obs, format);
     if (value.fLabel.empty()) return text.toUTF8();
-    return text.equals(value.fLabel) ? columnName : value.fLabel;
+    const ChartString label = value.fLabel;
+    return text.equals(label) ? columnName : label.toUTF8();
 } catch (...) {
     return columnName;
 }

@@ -35,7 +35,7 @@ bool HaveSameDisplayFormat(const QORT_Variable& first, const QORT_Variable& seco
 std::string FieldLabel(const CFMetaData& metaData, double field)
 {
     const CFField* entry = metaData.GetField(CutToInt(field));
-    return entry ? entry->GetLabel() : std::string();
+    return entry ? ChartString(entry->GetLabel()).toUTF8() : std::string();
 }
 
 ChartString SignText(const FacSTDictionary* dictionary, const char* key, int count)
