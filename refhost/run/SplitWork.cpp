@@ -25,7 +25,7 @@ std::string UnreadableReason(bool isFileRead)
 {
     if (!isFileRead) return "the file can't be read";
     const ReadFailure* failure = LastReadFailure();
-    if (!failure) return "it is not the result document of a nonparametric test";
+    if (!failure) return "it is no complete result document of nonparametric tests";
     if (failure->fLine == 0) return failure->fReason;
     return fmt::format("line {}, column {}: {}", failure->fLine, failure->fColumn,
                        failure->fReason);

@@ -40,6 +40,8 @@ std::optional<RunOptions> ReadCommandLine(int argc, char** argv, int& exitCode)
                     "and --charts)")
         ->check(CLI::Range(1, kMostJobs));
     run->add_flag("--quiet", options.fQuiet, "No progress on the terminal");
+    for (CLI::Option* option : run->get_options())
+        option->check([](const std::string& value) { return value.empty() ? "it is empty" : ""; });
     try {
         app.parse(argc, argv);
     } catch (const CLI::CallForHelp&) {

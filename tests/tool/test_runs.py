@@ -67,6 +67,8 @@ class Endings(Case):
             ("no jobs", [good, "--jobs", "0"], ["--jobs"]),
             ("jobs below none", [good, "--jobs", "-2"], ["--jobs"]),
             ("jobs that are no number", [good, "--jobs", "two"], ["--jobs"]),
+            ("an empty name", [good, "--charts", ""], ["--charts"]),
+            ("no job", [""], ["job"]),
         ]
         before = sorted(self.folder.iterdir())
         for reason, arguments, parts in rows:
