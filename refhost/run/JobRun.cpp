@@ -63,6 +63,7 @@ std::unique_ptr<OutputSink> MakeSink(const RunOptions& options, const WriterRow&
 {
     WriterSettings settings;
     settings.fFile = place.Path();
+    settings.fName = place.Name();
     if (place.IsStandardOutput()) settings.fTerminalWidth = TerminalWidth();
     std::unique_ptr<OutputSink> sink = writer.fMake(settings);
     if (!options.fChartFolder.empty())

@@ -21,6 +21,9 @@ public:
     /// The file to write to; empty for standard output.
     const std::string& Path() const { return fPath; }
 
+    /// What a user calls it.
+    std::string Name() const { return fFile.empty() ? "standard output" : fFile; }
+
     /// Puts the file, complete by now, into its place. Throws `WriteFailure`.
     void Keep();
 

@@ -17,8 +17,8 @@ constexpr int kReadableByAll = 0666;  // less what the user's mask takes away
 
 }  // namespace
 
-ByteOutput::ByteOutput(const std::string& file)
-    : fName(file.empty() ? "standard output" : file), fDescriptor(STDOUT_FILENO)
+ByteOutput::ByteOutput(const std::string& file, std::string name)
+    : fName(std::move(name)), fDescriptor(STDOUT_FILENO)
 {
     if (file.empty()) return;
     fDescriptor = ::open(file.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, kReadableByAll);

@@ -9,7 +9,7 @@ namespace refhost {
 
 /// Where a writer's bytes go: standard output, a file, or a text in memory. Bytes are gathered and
 /// go out in large pieces, or when the writer says so. What can't be written throws `WriteFailure`,
-/// with a line that names the target and the reason.
+/// with a line that gives the target's name and the reason.
 class ByteOutput {
     static constexpr std::size_t kPiece = 1U << 16U;
 
@@ -17,7 +17,8 @@ public:
     static constexpr std::size_t kMostRoom = kPiece;
 
     /// Standard output where `file` is empty; otherwise the file, which is made or emptied.
-    explicit ByteOutput(const std::string& file);
+    ByteOutput(const std::string& file, std::string name);
+    explicit ByteOutput(const std::string& file) : ByteOutput(file, file) {}
 
     /// Appends to a text, which outlives this object.
     explicit ByteOutput(std::string& text) : fText(&text) {}

@@ -12,24 +12,29 @@ namespace refhost {
 
 namespace {
 
+std::unique_ptr<ByteOutput> OutputOf(const WriterSettings& settings)
+{
+    return std::make_unique<ByteOutput>(settings.fFile, settings.fName);
+}
+
 std::unique_ptr<OutputSink> Html(const WriterSettings& settings)
 {
-    return MakeHtmlWriter(std::make_unique<ByteOutput>(settings.fFile));
+    return MakeHtmlWriter(OutputOf(settings));
 }
 
 std::unique_ptr<OutputSink> Text(const WriterSettings& settings)
 {
-    return MakeTextWriter(std::make_unique<ByteOutput>(settings.fFile), settings.fTerminalWidth);
+    return MakeTextWriter(OutputOf(settings), settings.fTerminalWidth);
 }
 
 std::unique_ptr<OutputSink> Json(const WriterSettings& settings)
 {
-    return MakeJsonWriter(std::make_unique<ByteOutput>(settings.fFile));
+    return MakeJsonWriter(OutputOf(settings));
 }
 
 std::unique_ptr<OutputSink> Xlsx(const WriterSettings& settings)
 {
-    return std::make_unique<XlsxWriter>(settings.fFile);
+    return std::make_unique<XlsxWriter>(settings.fFile, settings.fName);
 }
 
 // clang-format off

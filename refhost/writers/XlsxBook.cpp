@@ -6,7 +6,11 @@
 
 #include <fmt/format.h>
 #include <algorithm>
+#include <cerrno>
+#include <cstdio>
 #include <cstdlib>
+#include <cstring>
+#include <filesystem>
 #include <new>
 
 #include "refhost/document/WriteFailure.h"
@@ -24,13 +28,18 @@ constexpr std::uint32_t kLineColour = 0xB8C4D6;
 constexpr std::uint32_t kFaintColour = 0x5A6675;
 constexpr int kMostDecimals = 30;  // the file format's own limit
 
-/// Every sheet keeps a file open until the workbook ends.
-void RaiseFileLimit()
+constexpr rlim_t kOtherFiles = 32;  // that the run and the library have open, and some more
+
+/// Every sheet keeps a file open until the workbook ends. As many as may be open in this process,
+/// whose limit is raised as far as it may be.
+rlim_t MostSheets()
 {
     rlimit limit{};
-    if (getrlimit(RLIMIT_NOFILE, &limit) != 0) return;
+    if (getrlimit(RLIMIT_NOFILE, &limit) != 0) return RLIM_INFINITY;
     limit.rlim_cur = limit.rlim_max;
     setrlimit(RLIMIT_NOFILE, &limit);
+    getrlimit(RLIMIT_NOFILE, &limit);
+    return limit.rlim_cur > kOtherFiles ? limit.rlim_cur - kOtherFiles : 0;
 }
 
 /// The library says on standard error, in lines of its own, what it also returns.
@@ -53,6 +62,14 @@ public:
 private:
     int fKept;
 };
+
+/// Empty where the file is a device or the like.
+std::string FolderOfFile(const std::string& file)
+{
+    if (!std::filesystem::is_regular_file(file)) return {};
+    const std::string folder = std::filesystem::path(file).parent_path().string();
+    return folder.empty() ? "." : folder;
+}
 
 /// The first `characters` characters of a UTF-8 text.
 std::string_view Leading(std::string_view text, std::size_t characters)
@@ -83,13 +100,15 @@ std::string SheetName(std::size_t number, std::string_view title)
 
 }  // namespace
 
-XlsxBook::XlsxBook(const std::string& file) : fFile(file)
+XlsxBook::XlsxBook(const std::string& file, std::string name)
+    : fName(std::move(name)), fMostSheets(MostSheets())
 {
-    RaiseFileLimit();
+    std::string folder = FolderOfFile(file);
     lxw_workbook_options options{};
     options.constant_memory = LXW_TRUE;
+    if (!folder.empty()) options.tmpdir = folder.data();
     fBook.reset(workbook_new_opt(file.c_str(), &options));
-    if (!fBook) throw WriteFailure(fmt::format("{} can't be written", file));
+    if (!fBook) Fail("it can't be made");
     lxw_doc_properties properties{};
     properties.created = kMade;
     workbook_set_properties(fBook.get(), &properties);
@@ -104,8 +123,12 @@ lxw_worksheet* XlsxBook::AddSheet(std::string_view title)
 {
     const std::string name =
         fSheets == 0 ? std::string(Leading(title, kLongestSheetName)) : SheetName(fSheets, title);
+    // The library would say so in lines of its own.
+    if (fSheets >= fMostSheets)
+        Fail(fmt::format("it has a file open for each table, and no more than {} may be open",
+                         fMostSheets));
     lxw_worksheet* sheet = workbook_add_worksheet(fBook.get(), name.c_str());
-    if (!sheet) throw WriteFailure(fmt::format("{} can't hold more tables", fFile));
+    if (!sheet) Fail("there is no room for one more table");
     ++fSheets;
     return sheet;
 }
@@ -164,14 +187,30 @@ lxw_format* XlsxBook::NumberFormat(int decimals, const std::string& marks)
     return format;
 }
 
+/// The library doesn't look at what becomes of its writes.
+void XlsxBook::CheckSheets() const
+{
+    const lxw_worksheet* sheet = nullptr;
+    STAILQ_FOREACH(sheet, fBook->worksheets, list_pointers)
+    {
+        std::FILE* const rows = sheet->optimize_tmpfile;
+        if (rows && (std::fflush(rows) != 0 || std::ferror(rows) != 0)) Fail(std::strerror(errno));
+    }
+}
+
+void XlsxBook::Fail(std::string_view reason) const
+{
+    throw WriteFailure(fmt::format("{} can't be written: {}", fName, reason));
+}
+
 void XlsxBook::Close()
 {
+    CheckSheets();
     const lxw_error error = [this] {
         const Silence silence;
         return workbook_close(fBook.release());
     }();
-    if (error != LXW_NO_ERROR)
-        throw WriteFailure(fmt::format("{} can't be written: {}", fFile, lxw_strerror(error)));
+    if (error != LXW_NO_ERROR) Fail(lxw_strerror(error));
 }
 
 void WriteText(lxw_worksheet* sheet, lxw_row_t row, lxw_col_t column, std::string_view text,

@@ -12,10 +12,11 @@
 namespace refhost {
 
 /// A workbook that is written as it is made: the rows of a sheet come in order, and what was
-/// written is no longer in memory. Failures throw `WriteFailure`.
+/// written is no longer in memory. It waits in a file for each sheet, in the folder of the
+/// workbook. Failures throw `WriteFailure`, with a line that gives the workbook's name.
 class XlsxBook {
 public:
-    explicit XlsxBook(const std::string& file);
+    XlsxBook(const std::string& file, std::string name);
     ~XlsxBook();
     XlsxBook(const XlsxBook&) = delete;
     XlsxBook& operator=(const XlsxBook&) = delete;
@@ -38,12 +39,15 @@ private:
         void operator()(lxw_workbook* book) const { lxw_workbook_free(book); }
     };
     lxw_format* MakeStyle(Style style);
+    void CheckSheets() const;
+    [[noreturn]] void Fail(std::string_view reason) const;
 
-    std::string fFile;
+    std::string fName;
     std::unique_ptr<lxw_workbook, Discard> fBook;
     std::map<Style, lxw_format*> fStyles;
     std::map<std::pair<int, std::string>, lxw_format*> fNumberFormats;
     std::size_t fSheets = 0;
+    std::size_t fMostSheets;
 };
 
 /// Writes a text as a text, whatever it begins with. One too long for a cell is cut.

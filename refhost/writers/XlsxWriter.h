@@ -12,7 +12,8 @@ namespace refhost {
 /// sheet for each table and each chart.
 class XlsxWriter : public OutputSink {
 public:
-    explicit XlsxWriter(const std::string& file) : fBook(file) {}
+    /// Failures call the file by its `name`.
+    XlsxWriter(const std::string& file, std::string name) : fBook(file, std::move(name)) {}
 
     void Begin(const RunStart& start) override;
     void BeginSplit(std::size_t) override {}

@@ -5,6 +5,7 @@ NONPAR_FAULT_STRIDE=1 tries every allocation; the default tries some of each ste
 import collections
 import json
 import os
+import re
 import resource
 import signal
 import sys
@@ -102,8 +103,26 @@ class FullDisks(Case):
                     run = self.run_tool("run", path, "-o", out, preexec_fn=lambda: limit_files(size))
                     self.assertEqual(run.returncode, 2, run.stderr)
                     self.assert_one_line(run, str(out))
+                    self.assertNotIn(b".part", run.stderr, "nobody gave that name")
                     self.assertEqual(out.read_text(), "earlier")
                     self.assertEqual(list(self.folder.glob("*.part")), [])
+
+    def test_a_sheet_that_found_no_room_is_told_where_the_workbook_finds_it(self):
+        """Sheets wait in files of their own, which are larger than the workbook is in the end."""
+        key = '"ConditionKey" value="' + "x" * 30000 + '"'
+        test = re.search("<Algorithm.*</Algorithm>", document())[0]
+        self.write("0.xml", document(tests=re.sub('"ConditionKey" value="[^"]*"', key, test) * 20))
+        path = self.write("job.json", job([{"document": "0.xml"}]))
+        for size, code in ((300000, 2), (3000000, 0)):
+            run = self.run_tool("run", path, "-o", "out.xlsx", preexec_fn=lambda: limit_files(size))
+            self.assertEqual(run.returncode, code, run.stderr)
+        self.assertLess((self.folder / "out.xlsx").stat().st_size, 300000)
+
+    def test_a_workbook_needs_a_file_for_each_sheet(self):
+        limit = lambda: resource.setrlimit(resource.RLIMIT_NOFILE, (16, 16))
+        run = self.run_tool("run", EXAMPLES[0], "-o", "out.xlsx", preexec_fn=limit)
+        self.assertEqual(run.returncode, 2)
+        self.assert_one_line(run, "out.xlsx", "a file open for each table")
 
 
 if __name__ == "__main__":
