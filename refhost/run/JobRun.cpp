@@ -6,10 +6,10 @@
 #include "refhost/run/PluginLibrary.h"
 #include "refhost/run/RunFailure.h"
 #include "refhost/run/SplitLoop.h"
+#include "refhost/run/Terminal.h"
 #include "refhost/run/UsualProcesses.h"
 #include "refhost/run/WorkerProcesses.h"
 
-#include <sys/ioctl.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -51,20 +51,14 @@ std::string OutputFile(const RunOptions& options, const WriterRow& writer)
     return std::filesystem::path(options.fJob).stem().string() + std::string(writer.fExtension);
 }
 
-int TerminalWidth()
-{
-    winsize size{};
-    const bool isTerminal = ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0;
-    return isTerminal ? size.ws_col : kDefaultTerminalWidth;
-}
-
 std::unique_ptr<OutputSink> MakeSink(const RunOptions& options, const WriterRow& writer,
                                      const OutputPlace& place)
 {
     WriterSettings settings;
     settings.fFile = place.Path();
     settings.fName = place.Name();
-    if (place.IsStandardOutput()) settings.fTerminalWidth = TerminalWidth();
+    if (const auto columns = place.IsStandardOutput() ? ColumnsOf(STDOUT_FILENO) : std::nullopt)
+        settings.fTerminalWidth = static_cast<int>(*columns);
     std::unique_ptr<OutputSink> sink = writer.fMake(settings);
     if (!options.fChartFolder.empty())
         sink = std::make_unique<ChartFiles>(options.fChartFolder, std::move(sink));

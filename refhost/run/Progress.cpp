@@ -1,6 +1,7 @@
 #include "refhost/run/Progress.h"
 
-#include <sys/ioctl.h>
+#include "refhost/run/Terminal.h"
+
 #include <unistd.h>
 
 #include <fmt/format.h>
@@ -11,18 +12,13 @@ namespace refhost {
 
 namespace {
 
+constexpr char kClear[] = "\r\x1b[K";
 constexpr std::size_t kLongestBar = 30;
 constexpr std::size_t kShortestBar = 5;
 constexpr std::size_t kBrackets = 3;              // and a blank
-constexpr std::size_t kUsualColumns = 80;         // where the terminal doesn't tell
 constexpr std::chrono::milliseconds kPause(100);  // a faster bar flickers and costs time
 
-std::size_t Columns()
-{
-    winsize size{};
-    const bool isTold = ioctl(STDERR_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0;
-    return isTold ? size.ws_col : kUsualColumns;
-}
+std::size_t TerminalColumns() { return ColumnsOf(STDERR_FILENO).value_or(80); }
 
 }  // namespace
 
@@ -49,7 +45,7 @@ Progress::Progress(std::size_t splits, bool quiet)
 
 Progress::~Progress()
 {
-    if (fIsShown) fmt::print(stderr, "\r\x1b[K");
+    if (fIsShown) std::fputs(kClear, stderr);
 }
 
 void Progress::Show(std::size_t done)
@@ -60,8 +56,9 @@ void Progress::Show(std::size_t done)
     fLastShown = now;
     fTimeLeft.Note(done, now);
     const auto left = fTimeLeft.Estimate();
-    fmt::print(stderr, "\r\x1b[K{}",
-               ProgressLine(done, fSplits, left ? DurationText(*left) : "", Columns()));
+    const std::string line =
+        kClear + ProgressLine(done, fSplits, left ? DurationText(*left) : "", TerminalColumns());
+    std::fputs(line.c_str(), stderr);  // a terminal may go away, the run goes on
     std::fflush(stderr);
 }
 
