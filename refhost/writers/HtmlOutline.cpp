@@ -1,6 +1,10 @@
 #include "refhost/writers/HtmlOutline.h"
 
 #include <array>
+#include <cerrno>
+#include <cstring>
+
+#include <fmt/format.h>
 
 #include "refhost/document/WriteFailure.h"
 #include "refhost/writers/ByteOutput.h"
@@ -11,25 +15,36 @@ namespace refhost {
 namespace {
 
 constexpr std::size_t kLargePiece = 1U << 18U;
+constexpr std::string_view kEndOfEntry = "</li>\n";
+constexpr std::string_view kEndOfList = "</ul></li>\n";
+
+[[noreturn]] void Fail()
+{
+    throw WriteFailure(fmt::format(
+        "the outline of the report can't be kept in a temporary file: {}", std::strerror(errno)));
+}
 
 }  // namespace
 
 void HtmlOutline::Open(std::string_view kind, std::string_view id, std::string_view label)
 {
-    fIsEmpty = false;
-    if (!fHasList.empty() && !fHasList.back()) {
-        fPiece.append("\n<ul>\n");
-        fHasList.back() = true;
-    }
+    const bool beginsList = !fHasList.empty() && !fHasList.back();
+    std::string entry = beginsList ? "\n<ul>\n" : "";
+    entry.append("<li><a class=\"").append(kind).append("\" href=\"#").append(id).append("\">");
+    AppendMarkupText(entry, label);
+    entry.append("</a>");
+    // Whole or not at all, and all that is open can be closed, whatever becomes of the memory.
+    fHasList.reserve(fHasList.size() + 1);
+    fPiece.reserve(fPiece.size() + entry.size() + (fHasList.size() + 1) * kEndOfList.size());
+    fPiece.append(entry);
+    if (beginsList) fHasList.back() = true;
     fHasList.push_back(false);
-    fPiece.append("<li><a class=\"").append(kind).append("\" href=\"#").append(id).append("\">");
-    AppendMarkupText(fPiece, label);
-    fPiece.append("</a>");
+    fIsEmpty = false;
 }
 
 void HtmlOutline::Close()
 {
-    fPiece.append(fHasList.back() ? "</ul></li>\n" : "</li>\n");
+    fPiece.append(fHasList.back() ? kEndOfList : kEndOfEntry);
     fHasList.pop_back();
     SpillLarge();
 }
@@ -47,18 +62,18 @@ void HtmlOutline::SpillLarge()
     if (fPiece.size() < kLargePiece) return;
     if (!fFile) fFile.reset(std::tmpfile());
     if (!fFile) return;  // where no file can be had, memory has to do
-    if (std::fwrite(fPiece.data(), 1, fPiece.size(), fFile.get()) != fPiece.size())
-        throw WriteFailure("The outline of the report can't be kept in a temporary file.");
+    if (std::fwrite(fPiece.data(), 1, fPiece.size(), fFile.get()) != fPiece.size()) Fail();
     fPiece.clear();
 }
 
 void HtmlOutline::MoveTo(ByteOutput& output)
 {
     if (fFile) {
-        std::rewind(fFile.get());
+        if (std::fflush(fFile.get()) != 0 || std::fseek(fFile.get(), 0, SEEK_SET) != 0) Fail();
         std::array<char, 1U << 14U> bytes;
         while (const std::size_t count = std::fread(bytes.data(), 1, bytes.size(), fFile.get()))
             output.Write({bytes.data(), count});
+        if (std::ferror(fFile.get()) != 0) Fail();
         fFile.reset();
     }
     output.Write(fPiece);
