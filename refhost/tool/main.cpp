@@ -14,8 +14,21 @@ namespace {
 void OnInterrupt(int signal)
 {
     if (refhost::InterruptRun()) return;
+    refhost::DropUnfinishedFile();
     std::signal(signal, SIG_DFL);
     std::raise(signal);
+}
+
+/// Whoever started us may have set other ways.
+void SettleSignals()
+{
+    // A reader that goes away, or a file that may not grow, shows as a failed write, which is told
+    // in words.
+    std::signal(SIGPIPE, SIG_IGN);
+    std::signal(SIGXFSZ, SIG_IGN);
+    std::signal(SIGCHLD, SIG_DFL);  // or nobody could ask how a worker ended
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP})
+        if (std::signal(signal, OnInterrupt) == SIG_IGN) std::signal(signal, SIG_IGN);
 }
 
 int ExitCodeOf(refhost::RunOutcome outcome)
@@ -39,10 +52,7 @@ int ExitCodeOf(refhost::RunOutcome outcome)
 
 int main(int argc, char** argv)
 try {
-    // A reader that goes away shows as a failed write, which is told in words.
-    std::signal(SIGPIPE, SIG_IGN);
-    std::signal(SIGINT, OnInterrupt);
-    std::signal(SIGTERM, OnInterrupt);
+    SettleSignals();
     int exitCode = refhost::kExitDone;
     const auto options = refhost::ReadCommandLine(argc, argv, exitCode);
     if (!options) return exitCode;

@@ -8,18 +8,18 @@ import signal
 import struct
 import subprocess
 import termios
+import time
 import unittest
 
 from tool_support import Case, document, job, wait_for
 
 CLEAR = b"\r\x1b[K"
-TESTS = 15000  # in a split that takes a second
-ENDED = (-signal.SIGINT, -signal.SIGTERM)
 
 
-def large_document():
+def large_document(tests=15000):
+    """A split that takes a second, or longer."""
     test = re.search("<Algorithm.*</Algorithm>", document())[0]
-    return document(tests=test * TESTS)
+    return document(tests=test * tests)
 
 
 class Interruptions(Case):
@@ -52,6 +52,7 @@ class Interruptions(Case):
                     process = self.start_tool("run", path, "-o", f"out.{output_format}")
                     self.part_of(100000)
                     process.send_signal(signal.SIGINT)
+                    process.send_signal(signal.SIGTERM)  # as programs do that end others
                     _, errors = process.communicate(timeout=60)
                     self.assertEqual(process.returncode, 130)
                     self.assertRegex(errors.strip(), b"^nonpar: " + notice + b"(" + half + b")?$")
@@ -70,28 +71,38 @@ class Interruptions(Case):
             for name in ("section", "figure", "table", "ul"):
                 self.assertEqual(len(re.findall(f"<{name}[ >]", written)), written.count(f"</{name}>"), name)
 
+    def end_at_once(self, process):
+        """Two interruptions, so far apart that they count as two."""
+        process.send_signal(signal.SIGINT)
+        time.sleep(0.15)
+        process.send_signal(signal.SIGINT)
+        self.assertEqual(process.wait(timeout=60), -signal.SIGINT)
+
     def test_a_second_interruption_ends_at_once(self):
-        self.write("0.xml", large_document())
-        self.write("job.json", job([{"document": "0.xml"}] * 3))
-        for jobs in (1, 2):
-            with self.subTest(jobs):
-                self.write("out.json", "earlier")
-                process = self.start_tool("run", "job.json", "--jobs", jobs, "-o", "out.json")
-                wait_for(lambda: list(self.folder.glob("*.part")))
-                process.send_signal(signal.SIGINT)
-                process.send_signal(signal.SIGTERM)  # two of the same could be taken for one
-                self.assertIn(process.wait(timeout=60), ENDED)
-                self.assertEqual((self.folder / "out.json").read_text(), "earlier")
-                self.assertEqual(list(self.folder.glob("*.part")), [])
+        self.write("0.xml", large_document(90000))  # which is read for longer than that
+        self.write("job.json", job([{"document": "0.xml"}]))
+        self.write("out.json", "earlier")
+        process = self.start_tool("run", "job.json", "-o", "out.json")
+        wait_for(lambda: list(self.folder.glob("*.part")))
+        self.end_at_once(process)
+        self.assertEqual((self.folder / "out.json").read_text(), "earlier")
+        self.assertEqual(list(self.folder.glob("*.part")), [])
+
+    def test_a_signal_that_was_to_be_passed_over_is(self):
+        self.write("0.xml", document())
+        path = self.write("job.json", job([{"document": "0.xml"}] * 3000))
+        passed_over = lambda: signal.signal(signal.SIGINT, signal.SIG_IGN)
+        process = self.start_tool("run", path, "--jobs", 1, "-o", "out.json", preexec_fn=passed_over)
+        self.part_of(1000)
+        process.send_signal(signal.SIGINT)
+        self.assertEqual(process.wait(timeout=60), 0)
 
     def test_a_run_that_waits_for_its_reader_can_be_ended(self):
         self.write("0.xml", large_document())
         self.write("job.json", job([{"document": "0.xml"}]))
         process = self.start_tool("run", "job.json", "--format", "json", stdout=subprocess.PIPE)
         process.stdout.read(1)  # and no more
-        process.send_signal(signal.SIGINT)
-        process.send_signal(signal.SIGTERM)
-        self.assertIn(process.wait(timeout=60), ENDED)
+        self.end_at_once(process)
 
 
 class ProgressOfSplits(Case):
@@ -131,6 +142,16 @@ class ProgressOfSplits(Case):
         for jobs in (1, 2):
             shown = self.seen("--jobs", jobs).split(CLEAR)
             self.assertRegex(shown[-1], rb"^nonpar: .*5.xml can't be read: [^\r\n]*\r\n$")
+
+    def test_a_terminal_that_goes_away_doesnt_end_the_run(self):
+        self.write("0.xml", document())
+        self.write("job.json", job([{"document": "0.xml"}] * 8000))
+        ours, theirs = pty.openpty()
+        process = self.start_tool("run", "job.json", "-o", "out.json", stderr=theirs)
+        os.close(theirs)
+        os.read(ours, 1)
+        os.close(ours)
+        self.assertEqual(process.wait(timeout=60), 0)
 
     def test_nothing_is_shown_where_nobody_wants_it(self):
         self.write_job([document()])
