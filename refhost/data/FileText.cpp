@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstddef>
+#include <new>
 
 namespace refhost {
 
@@ -29,6 +30,12 @@ struct OpenFile {
     const int fNumber;
 };
 
+std::size_t MachineMemory()
+{
+    return static_cast<std::size_t>(::sysconf(_SC_PHYS_PAGES)) *
+           static_cast<std::size_t>(::sysconf(_SC_PAGESIZE));
+}
+
 }  // namespace
 
 bool ReadFile(const std::string& file, std::string& text)
@@ -38,6 +45,7 @@ bool ReadFile(const std::string& file, std::string& text)
     struct stat about {};
     if (input.fNumber < 0 || ::fstat(input.fNumber, &about) != 0) return false;
     const auto told = static_cast<std::size_t>(std::max<off_t>(about.st_size, 0));
+    if (told > MachineMemory()) throw std::bad_alloc();
     text.resize(told + 1);  // the end is seen where a call finds nothing more
     std::size_t size = 0;
     while (true) {

@@ -5,6 +5,8 @@
 
 namespace refhost {
 
+inline constexpr char kTooLarge[] = "the document is too large for the memory";
+
 /// Why a document could not be read as XML.
 struct ReadFailure {
     std::string fReason;

@@ -29,7 +29,6 @@ namespace {
 using namespace xercesc;
 
 constexpr const char* kDocumentTypeRefused = "DOCTYPE is not allowed";
-constexpr const char* kTooLarge = "the document is too large for the memory";
 
 // Numbers of elements and attributes have 32 bits, and each takes four bytes of a document or more.
 constexpr std::size_t kMostBytes = std::size_t{4} * std::numeric_limits<XmlTree::Element>::max();

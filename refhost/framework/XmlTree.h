@@ -20,7 +20,6 @@ public:
     using Element = std::uint32_t;
     using Name = std::uint32_t;
 
-    bool IsEmpty() const { return fElements.empty(); }
     std::size_t ElementCount() const { return fElements.size(); }
 
     /// The name's number; nothing where nothing in the document bears it.

@@ -20,10 +20,17 @@ namespace refhost {
 
 namespace {
 
+/// Why a file could not be read; empty where it could.
+std::string ReadDocument(const std::string& file, std::string& text)
+try {
+    return ReadFile(file, text) ? "" : "the file can't be read";
+} catch (const std::bad_alloc&) {
+    return kTooLarge;
+}
+
 /// Why a document could not be read, with its place where that can be told.
-std::string UnreadableReason(bool isFileRead)
+std::string UnreadableReason()
 {
-    if (!isFileRead) return "the file can't be read";
     const ReadFailure* failure = LastReadFailure();
     if (!failure) return "it is no complete result document of nonparametric tests";
     if (failure->fLine == 0) return failure->fReason;
@@ -75,7 +82,8 @@ SplitEnd SplitWork::Run(std::size_t number)
     fHost.fChartText = 0;
     fSink.BeginSplit(number);
     SplitResult& result = fSplits.front();
-    const bool isFileRead = ReadFile(split.fDocument, result.fDocument);
+    const std::string unread = ReadDocument(split.fDocument, result.fDocument);
+    if (!unread.empty()) result.fDocument.clear();
     result.fSplitVariables = split.fVariables;
     result.fSplitAsHeading = split.fAsHeading;
     result.fSplitValues.clear();
@@ -94,14 +102,14 @@ SplitEnd SplitWork::Run(std::size_t number)
         end.fOutcome = RunOutcome::InvariantBroken;
         end.fEnd.fFailure = *invariant;
         end.fLine = fmt::format("{} breaks an invariant: {}", split.fDocument, *invariant);
-    } else if (fMemory.RanOut() && !LastReadFailure()) {
+    } else if (unread.empty() && fMemory.RanOut() && !LastReadFailure()) {
         end.fOutcome = RunOutcome::OutOfMemory;
         end.fLine = fmt::format("out of memory in {}", split.fDocument);
         end.fEnd.fNotice = end.fLine;
     } else if (!isRead) {
         end.fOutcome = RunOutcome::Unreadable;
-        end.fLine =
-            fmt::format("{} can't be read: {}", split.fDocument, UnreadableReason(isFileRead));
+        end.fLine = fmt::format("{} can't be read: {}", split.fDocument,
+                                unread.empty() ? UnreadableReason() : unread);
     }
     return end;
 }
