@@ -1,8 +1,10 @@
 #include "refhost/run/FinishedSplit.h"
 
 #include <cerrno>
+#include <tuple>
 #include <utility>
 
+#include "refhost/document/WriteFailure.h"
 #include "refhost/run/PartMemory.h"
 
 namespace refhost {
@@ -17,16 +19,17 @@ auto TextsOf(Split& split)
                       &split.fEnd.fLine, &split.fThrown};
 }
 
-/// Leaves out the bytes that went through.
-void Skip(std::vector<iovec>& pieces, std::size_t count)
+/// Without the bytes that went through, and without empty pieces at its beginning.
+std::span<iovec> Behind(std::span<iovec> pieces, std::size_t count)
 {
-    auto piece = pieces.begin();
-    for (; piece != pieces.end() && count >= piece->iov_len; ++piece)
-        count -= piece->iov_len;
-    pieces.erase(pieces.begin(), piece);
-    if (pieces.empty()) return;
+    while (!pieces.empty() && count >= pieces.front().iov_len) {
+        count -= pieces.front().iov_len;
+        pieces = pieces.subspan(1);
+    }
+    if (pieces.empty()) return pieces;
     pieces.front().iov_base = static_cast<char*>(pieces.front().iov_base) + count;
     pieces.front().iov_len -= count;
+    return pieces;
 }
 
 iovec PieceOf(std::string& text) { return {text.data(), text.size()}; }
@@ -34,13 +37,9 @@ iovec PieceOf(std::string& text) { return {text.data(), text.size()}; }
 /// A piece that is written; the system has one type for both directions.
 iovec PieceOf(std::string_view text) { return {const_cast<char*>(text.data()), text.size()}; }
 
-void DropEmpty(std::vector<iovec>& pieces)
-{
-    std::erase_if(pieces, [](const iovec& piece) { return piece.iov_len == 0; });
-}
-
 }  // namespace
 
+/// Takes no memory: a split that was done is handed over also where there is none left.
 bool SendFinishedSplit(int pipe, PartMemory& memory, const FinishedSplit& split)
 {
     const std::string_view bytes = split.fPart.fBytes;
@@ -50,25 +49,30 @@ bool SendFinishedSplit(int pipe, PartMemory& memory, const FinishedSplit& split)
     head.fHasCharts = split.fPart.fHasCharts;
     head.fIsInMemory = memory.Put(bytes);
     head.fSize = bytes.size();
-    std::vector<iovec> pieces{{&head, sizeof head}};
-    if (!head.fIsInMemory) pieces.push_back(PieceOf(bytes));
+    std::array<iovec, 1 + std::tuple_size_v<FinishedSplitReader::Pieces>> pieces{};
+    pieces[0] = {&head, sizeof head};
+    if (!head.fIsInMemory) pieces[1] = PieceOf(bytes);
     const auto texts = TextsOf(split);
     for (std::size_t text = 0; text < texts.size(); ++text) {
         head.fSizes[text] = texts[text]->size();
-        pieces.push_back(PieceOf(std::string_view(*texts[text])));
+        pieces[2 + text] = PieceOf(std::string_view(*texts[text]));
     }
-    DropEmpty(pieces);
-    while (!pieces.empty()) {
-        const ssize_t written = ::writev(pipe, pieces.data(), static_cast<int>(pieces.size()));
+    std::span<iovec> left = pieces;
+    while (!left.empty()) {
+        const ssize_t written = ::writev(pipe, left.data(), static_cast<int>(left.size()));
         if (written < 0 && errno != EINTR) return false;
-        if (written > 0) Skip(pieces, static_cast<std::size_t>(written));
+        if (written >= 0) left = Behind(left, static_cast<std::size_t>(written));
     }
     return true;
 }
 
-FinishedSplitReader::FinishedSplitReader(PartMemory& memory)
-    : fMemory(memory), fMissing{{&fHead, sizeof fHead}}
+FinishedSplitReader::FinishedSplitReader(PartMemory& memory) : fMemory(memory) { BeginHead(); }
+
+void FinishedSplitReader::BeginHead()
 {
+    fHasHead = false;
+    fPieces[0] = {&fHead, sizeof fHead};
+    fMissing = std::span(fPieces).first(1);
 }
 
 bool FinishedSplitReader::Read(int pipe)
@@ -77,8 +81,9 @@ bool FinishedSplitReader::Read(int pipe)
         const ssize_t count = ::readv(pipe, fMissing.data(), static_cast<int>(fMissing.size()));
         if (count == 0) return false;
         if (count < 0 && errno == EINTR) continue;
-        if (count < 0) return errno == EAGAIN;
-        Skip(fMissing, static_cast<std::size_t>(count));
+        if (count < 0 && errno == EAGAIN) return true;
+        if (count < 0) throw WriteFailure("what a process of the run tells can't be read");
+        fMissing = Behind(fMissing, static_cast<std::size_t>(count));
         if (!fHasHead && fMissing.empty()) BeginTexts();
     }
     return true;
@@ -92,25 +97,25 @@ void FinishedSplitReader::BeginTexts()
     fSplit.fEnd.fOutcome = fHead.fOutcome;
     fSplit.fPart.fHasCharts = fHead.fHasCharts;
     fHoldsMemory = fHead.fIsInMemory;
+    fPieces[0] = {};
     if (fHead.fIsInMemory) {
-        fSplit.fPart.fBytes = fMemory.Next(fHead.fSize);
+        fSplit.fPart.fBytes = fMemory.First(fHead.fSize);
     } else {
         fBytes.resize(fHead.fSize);
         fSplit.fPart.fBytes = fBytes;
-        fMissing.push_back(PieceOf(fBytes));
+        fPieces[0] = PieceOf(fBytes);
     }
     const auto texts = TextsOf(fSplit);
     for (std::size_t text = 0; text < texts.size(); ++text) {
         texts[text]->resize(fHead.fSizes[text]);
-        fMissing.push_back(PieceOf(*texts[text]));
+        fPieces[1 + text] = PieceOf(*texts[text]);
     }
-    DropEmpty(fMissing);
+    fMissing = Behind(fPieces, 0);
 }
 
 FinishedSplit FinishedSplitReader::Take()
 {
-    fHasHead = false;
-    fMissing.push_back({&fHead, sizeof fHead});
+    BeginHead();
     return std::exchange(fSplit, {});
 }
 

@@ -5,8 +5,8 @@
 #include <array>
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
-#include <vector>
 
 #include "refhost/run/SplitWork.h"
 
@@ -58,7 +58,11 @@ private:
     };
     friend bool SendFinishedSplit(int pipe, PartMemory& memory, const FinishedSplit& split);
 
+    void BeginHead();
     void BeginTexts();
+
+    /// Of a head or of what follows it: the bytes, and each text.
+    using Pieces = std::array<iovec, 6>;
 
     PartMemory& fMemory;
     bool fHoldsMemory = false;
@@ -66,7 +70,8 @@ private:
     Head fHead{};
     bool fHasHead = false;
     FinishedSplit fSplit;
-    std::vector<iovec> fMissing;  // where the bytes go that have not come yet
+    Pieces fPieces{};
+    std::span<iovec> fMissing;  // of the pieces: where the bytes go that have not come yet
 };
 
 }  // namespace refhost

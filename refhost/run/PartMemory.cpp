@@ -2,9 +2,9 @@
 
 #include <semaphore.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
-#include <cstring>
 
 namespace refhost {
 
@@ -31,12 +31,12 @@ bool PartMemory::Put(std::string_view bytes)
     if (bytes.size() > kPlaceSize) return false;
     while (sem_wait(&fRoom->fFree) != 0 && errno == EINTR) {
     }
-    std::memcpy(fRoom->fPlaces[fPlace].data(), bytes.data(), bytes.size());
+    std::ranges::copy(bytes, fRoom->fPlaces[fPlace].data());
     fPlace = (fPlace + 1) % kPlaces;
     return true;
 }
 
-std::string_view PartMemory::Next(std::size_t size) const
+std::string_view PartMemory::First(std::size_t size) const
 {
     return {fRoom->fPlaces[fPlace].data(), size};
 }

@@ -21,10 +21,10 @@ public:
     /// The worker's: puts bytes here as soon as there is room. False where they are too many.
     bool Put(std::string_view bytes);
 
-    /// The other's: so many bytes, put as the next.
-    std::string_view Next(std::size_t size) const;
+    /// The other's: so many bytes, the first that wait here.
+    std::string_view First(std::size_t size) const;
 
-    /// Makes room of those.
+    /// Makes room of those, and goes on to the next.
     void Release();
 
 private:

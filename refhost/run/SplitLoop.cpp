@@ -47,7 +47,7 @@ FinishedSplit WorkApart(SplitWork& work, std::size_t number, PartedSink& sink)
     } catch (const std::bad_alloc&) {
         finished.fThrown = "out of memory";
     } catch (const std::exception& failure) {
-        finished.fThrown = failure.what();
+        finished.fThrown = *failure.what() ? failure.what() : "an unknown failure";
     }
     return finished;
 }

@@ -14,6 +14,7 @@
 #include <cerrno>
 #include <csignal>
 #include <cstring>
+#include <new>
 #include <system_error>
 #include <utility>
 
@@ -32,8 +33,11 @@ constexpr int kLookAgain = 100;     // milliseconds: an interruption may come be
 
 [[noreturn]] void Fail(int reason) { throw std::system_error(reason, std::generic_category()); }
 
+constexpr int kNoMemory = 3;  // the exit code of a worker that found none
+
 std::string HowItEnded(int status)
 {
+    if (WIFEXITED(status) && WEXITSTATUS(status) == kNoMemory) return "ran out of memory";
     if (WIFSIGNALED(status))
         return fmt::format("was ended by signal {} ({})", WTERMSIG(status),
                            strsignal(WTERMSIG(status)));
@@ -82,6 +86,7 @@ WorkerProcesses::WorkerProcesses(std::size_t processes, std::size_t splits, cons
 try : fShared(MakeSharedObject<Shared>()) {
     const std::size_t count = std::min({processes, splits, kMostProcesses});
     try {
+        fWorkers.reserve(count);  // nothing may fail once a process is made
         while (fWorkers.size() < count)
             Start(splits, work);
     } catch (...) {
@@ -109,8 +114,8 @@ void WorkerProcesses::Start(std::size_t splits, const Work& work)
     }
     if (worker->fProcess == 0) {
         // A terminal interrupts all processes; ours is then the one that ends the run.
-        std::signal(SIGINT, SIG_IGN);
-        std::signal(SIGTERM, SIG_IGN);
+        for (const int signal : {SIGINT, SIGTERM, SIGHUP})
+            std::signal(signal, SIG_IGN);
         prctl(PR_SET_PDEATHSIG, SIGKILL);
         if (getppid() != parent) _exit(0);
         close(ends[0]);
@@ -119,7 +124,9 @@ void WorkerProcesses::Start(std::size_t splits, const Work& work)
         Tasks tasks(*fShared, worker->fMemory, fWorkers.size(), splits, ends[1]);
         try {
             work(tasks);
-        } catch (...) {  // found before a split was taken
+        } catch (const std::bad_alloc&) {
+            _exit(kNoMemory);
+        } catch (...) {
             _exit(1);
         }
         _exit(0);
@@ -178,7 +185,7 @@ void WorkerProcesses::Bury(Worker& worker)
     worker.fProcess = -1;
     const auto place = std::ranges::find(fWorkers, &worker, &std::unique_ptr<Worker>::get);
     const std::size_t taken = fShared->fTaken[static_cast<std::size_t>(place - fWorkers.begin())];
-    if (status == 0) return;
+    if (status == 0 && taken == worker.fLast) return;
     if (taken == worker.fLast)
         throw WriteFailure(fmt::format("a process of the run {}", HowItEnded(status)));
     worker.fFinished.emplace();

@@ -7,7 +7,6 @@ import json
 import os
 import re
 import resource
-import signal
 import sys
 import unittest
 
@@ -34,17 +33,21 @@ class Memory(Case):
         content["splits"] *= 2
         self.job = self.write("job.json", content)
 
-    def try_each(self, output_format, stride, stays):
-        """Goes through the allocations of a run of two splits; all that it writes stands in one folder."""
+    def try_each(self, output_format, stride, stays=False, jobs=1):
+        """Goes through the allocations of a run of two splits; all that it writes stands in one folder.
+
+        Workers count on from where they were made.
+        """
         out = self.folder / output_format
         name = f"out.{output_format}"
-        arguments = ["run", self.job, "--format", output_format, "-o", out / name]
+        arguments = ["run", self.job, "--format", output_format, "-o", out / name, "--jobs", 1]
         environment = {"LD_PRELOAD": str(LIBRARY), "FAULT_COUNT": str(self.folder / "count")}
         out.mkdir(exist_ok=True)
         self.assertEqual(self.run_tool(*arguments, environment=environment).returncode, 0)
         whole = (out / name).read_bytes()
         count = int((self.folder / "count").read_text())
         self.assertGreater(count, 1000)
+        arguments[-1] = jobs
         if stays:
             environment["FAULT_STAYS"] = "1"
         ends = collections.Counter()
@@ -53,7 +56,7 @@ class Memory(Case):
             run = self.run_tool(*arguments, environment={**environment, "FAULT_AT": str(number)})
             code, errors = run.returncode, run.stderr.decode()
             ends[code, errors] += 1
-            with self.subTest(allocation=number, format=output_format, stays=stays):
+            with self.subTest(allocation=number, format=output_format, stays=stays, jobs=jobs):
                 self.assertIn(code, LINES, errors)
                 self.assertEqual(len(errors.splitlines()), min(code, 1), errors)
                 written = (out / name).read_bytes() if (out / name).exists() else None
@@ -64,7 +67,7 @@ class Memory(Case):
                 self.assertLessEqual({path.name for path in out.iterdir()}, {name}, "half written")
                 self.check(output_format, written, code)
         if "NONPAR_FAULT_STRIDE" in os.environ:
-            print(output_format, "stays" if stays else "once", sum(ends.values()), file=sys.stderr)
+            print(output_format, "stays" if stays else "once", jobs, sum(ends.values()), file=sys.stderr)
             for (code, line), times in ends.most_common():
                 print(f"  {times} {code} {line.strip()}", file=sys.stderr)
 
@@ -76,18 +79,24 @@ class Memory(Case):
             self.assertIs(output["result"], code == 0)
         if output_format == "html":
             self.assertTrue(written.endswith(b"</html>"))
-            self.assertEqual(written.count(b"<section"), written.count(b"</section>"))
+            for name in (b"section", b"ul", b"li"):
+                self.assertEqual(written.count(b"<" + name), written.count(b"</" + name + b">"), name)
 
     def test_each_allocation_may_fail_once(self):
         for output_format, stride in (("json", 79), ("html", 199), ("text", 189)):
-            self.try_each(output_format, stride, stays=False)
+            self.try_each(output_format, stride)
+
+    def test_each_allocation_of_workers_may_fail_once(self):
+        for output_format, stride in (("json", 237), ("html", 399)):
+            self.try_each(output_format, stride, jobs=2)
 
     def test_memory_may_be_gone_from_any_allocation_on(self):
         self.try_each("json", 161, stays=True)
+        self.try_each("html", 499, stays=True, jobs=2)
 
 
 def limit_files(size):
-    signal.signal(signal.SIGXFSZ, signal.SIG_IGN)  # a write then fails as on a full disk
+    """A write beyond it then fails as on a full disk."""
     resource.setrlimit(resource.RLIMIT_FSIZE, (size, size))
 
 
@@ -117,6 +126,14 @@ class FullDisks(Case):
             run = self.run_tool("run", path, "-o", "out.xlsx", preexec_fn=lambda: limit_files(size))
             self.assertEqual(run.returncode, code, run.stderr)
         self.assertLess((self.folder / "out.xlsx").stat().st_size, 300000)
+
+    def test_an_outline_that_found_no_room_is_told(self):
+        """It waits in a temporary file, while the report goes to a reader."""
+        self.write("0.xml", document())
+        path = self.write("job.json", job([{"document": "0.xml"}] * 2000))
+        run = self.run_tool("run", path, "--format", "html", "-o", "/dev/stdout", preexec_fn=lambda: limit_files(1 << 19))
+        self.assertEqual(run.returncode, 2, run.stderr)
+        self.assert_one_line(run, "outline")
 
     def test_a_workbook_needs_a_file_for_each_sheet(self):
         limit = lambda: resource.setrlimit(resource.RLIMIT_NOFILE, (16, 16))
