@@ -8,6 +8,8 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <filesystem>
+#include <system_error>
 
 #include "refhost/document/WriteFailure.h"
 #include "refhost/run/Interruption.h"
@@ -24,9 +26,26 @@ bool IsSpecialFile(const std::string& file)
     return stat(file.c_str(), &status) == 0 && !S_ISREG(status.st_mode);
 }
 
+/// Where a file stands that may be named by a link.
+std::string TargetOf(const std::string& file)
+{
+    std::error_code error;
+    const std::filesystem::path target = std::filesystem::canonical(file, error);
+    return error ? file : target.string();
+}
+
+/// A name beside another, of a length that file systems take.
+std::string PartOf(const std::string& file)
+{
+    constexpr std::size_t kLongestStem = 200;
+    std::filesystem::path path(file);
+    const std::string stem = path.filename().string().substr(0, kLongestStem);
+    return path.replace_filename(fmt::format("{}.{}.part", stem, getpid())).string();
+}
+
 }  // namespace
 
-OutputPlace::OutputPlace(const std::string& file) : fFile(file)
+OutputPlace::OutputPlace(const std::string& file) : fFile(file), fTarget(TargetOf(file))
 {
     if (file.empty()) return;
     if (IsSpecialFile(file)) {
@@ -34,7 +53,7 @@ OutputPlace::OutputPlace(const std::string& file) : fFile(file)
         fIsKept = true;
         return;
     }
-    fPath = fmt::format("{}.{}.part", file, getpid());
+    fPath = PartOf(fTarget);
     SetUnfinishedFile(fPath.c_str());  // before it is there: the run may be ended at any moment
     const int descriptor = open(fPath.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
     if (descriptor < 0) {
@@ -54,7 +73,7 @@ OutputPlace::~OutputPlace()
 void OutputPlace::Keep()
 {
     if (fPath.empty() || fIsKept) return;
-    if (std::rename(fPath.c_str(), fFile.c_str()) != 0)
+    if (std::rename(fPath.c_str(), fTarget.c_str()) != 0)
         throw WriteFailure(fmt::format("{} can't be written: {}", fFile, std::strerror(errno)));
     SetUnfinishedFile(nullptr);
     fIsKept = true;

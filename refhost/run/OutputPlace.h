@@ -29,6 +29,7 @@ public:
 
 private:
     std::string fFile;
+    std::string fTarget;  // the file itself where that is a link
     std::string fPath;
     bool fIsKept = false;
 };

@@ -1,5 +1,6 @@
 #include "refhost/writers/ChartFiles.h"
 
+#include <cstdio>
 #include <filesystem>
 #include <string_view>
 
@@ -37,6 +38,22 @@ std::string NamePart(std::string_view title)
     while (name.ends_with('-'))
         name.pop_back();
     return name.empty() ? "chart" : name;
+}
+
+/// Beside its place and then into it, so that no half file is taken for a whole one.
+void WriteWhole(const std::string& file, std::string_view text)
+{
+    const std::string unfinished = file + ".part";
+    try {
+        ByteOutput output(unfinished, file);
+        output.Write(text);
+        output.Put('\n');
+        output.Close();
+        std::filesystem::rename(unfinished, file);
+    } catch (...) {
+        std::remove(unfinished.c_str());
+        throw;
+    }
 }
 
 }  // namespace
@@ -77,10 +94,7 @@ void ChartFiles::WriteChart(const ChartNode& chart)
     const std::unique_ptr<ResolvedChart> resolved = ResolveChart(chart, WordsOfPlots(fLanguage));
     if (!resolved) return;
     const std::string name = fmt::format("{:03}-{}.vl.json", fCharts, NamePart(chart.fTitle));
-    ByteOutput output((std::filesystem::path(fFolder) / name).string());
-    output.Write(VegaLiteFile(*resolved));
-    output.Put('\n');
-    output.Close();
+    WriteWhole((std::filesystem::path(fFolder) / name).string(), VegaLiteFile(*resolved));
 }
 
 }  // namespace refhost
