@@ -2,8 +2,11 @@
 
 #include <algorithm>
 #include <new>
-#include <system_error>
 #include <utility>
+
+#include <fmt/format.h>
+
+#include "refhost/run/RunFailure.h"
 
 namespace refhost {
 
@@ -35,8 +38,9 @@ QueuedSink::QueuedSink(OutputSink& next, std::size_t threads) : fNext(next)
     try {
         while (fThreads.size() < threads)
             fThreads.emplace_back([this] { Work(); });
-    } catch (const std::system_error&) {  // fewer do as well
-        if (fThreads.empty()) throw;
+    } catch (const std::exception& failure) {  // fewer do as well
+        if (fThreads.empty())
+            throw RunFailure(fmt::format("a thread can't be started: {}", failure.what()));
     }
 }
 
@@ -178,7 +182,7 @@ void QueuedSink::PrepareAll(Events& events) const
         if (!node) continue;
         try {
             fNext.Prepare(**node);
-        } catch (const std::bad_alloc&) {  // there may be more when its turn comes
+        } catch (...) {  // it is tried once more when its turn comes
         }
     }
 }

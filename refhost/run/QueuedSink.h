@@ -19,8 +19,9 @@ namespace refhost {
 /// it. A failure of the other sink is thrown by a later call; what came behind it is dropped.
 class QueuedSink : public OutputSink {
 public:
-    /// Takes one thread, or for a sink that prepares nodes one for each processor but that of the
-    /// caller, who prepares nodes as well where he would have to wait.
+    /// Takes one thread, or for a sink that prepares nodes one for each processor, seven at most,
+    /// but that of the caller, who prepares nodes as well where he would have to wait. Throws
+    /// `RunFailure` where no thread can be had.
     explicit QueuedSink(OutputSink& next);
     QueuedSink(OutputSink& next, std::size_t threads);
 

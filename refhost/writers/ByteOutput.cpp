@@ -1,6 +1,7 @@
 #include "refhost/writers/ByteOutput.h"
 
 #include <fcntl.h>
+#include <poll.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -14,6 +15,13 @@ namespace refhost {
 namespace {
 
 constexpr int kReadableByAll = 0666;  // less what the user's mask takes away
+
+/// Standard output doesn't wait by itself where another program has set it so.
+void AwaitRoom(int descriptor)
+{
+    pollfd output{descriptor, POLLOUT, 0};
+    ::poll(&output, 1, /*timeout=*/-1);
+}
 
 }  // namespace
 
@@ -57,8 +65,11 @@ void ByteOutput::Send(std::string_view bytes)
     }
     while (!bytes.empty()) {
         const ssize_t written = ::write(fDescriptor, bytes.data(), bytes.size());
-        if (written < 0 && errno == EINTR) continue;
-        if (written < 0) Fail(errno);
+        if (written < 0) {
+            if (errno != EINTR && errno != EAGAIN) Fail(errno);
+            if (errno == EAGAIN) AwaitRoom(fDescriptor);
+            continue;
+        }
         bytes.remove_prefix(static_cast<std::size_t>(written));
     }
 }

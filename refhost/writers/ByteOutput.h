@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cassert>
 #include <cstring>
 #include <memory>
 #include <string>
@@ -50,6 +51,7 @@ public:
     /// Room for so many bytes, `kMostRoom` at most, to be written at once; `Took` tells their end.
     char* Room(std::size_t bytes)
     {
+        assert(bytes <= kMostRoom);
         if (bytes > kPiece - fUsed) Flush();
         return fPiece.get() + fUsed;
     }

@@ -3,9 +3,9 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <cmath>
 #include <limits>
 
+#include "refhost/data/MissingValue.h"
 #include "refhost/writers/ReportWords.h"
 #include "refhost/writers/TerminalText.h"
 
@@ -14,7 +14,6 @@ namespace refhost {
 namespace {
 
 constexpr std::size_t kNamedTexts = 6;
-constexpr double kMissingNumber = -std::numeric_limits<double>::max();
 
 /// What a column holds, gathered in one walk.
 struct ColumnSummary {
@@ -28,7 +27,7 @@ struct ColumnSummary {
 
     void Take(double number)
     {
-        if (!std::isfinite(number) || number == kMissingNumber) return;
+        if (IsUntold(number)) return;
         ++fNumbers;
         fLeast = std::min(fLeast, number);
         fMost = std::max(fMost, number);

@@ -1,19 +1,12 @@
 #include "refhost/writers/JsonEmitter.h"
 
 #include <algorithm>
-#include <cmath>
-#include <limits>
 
 #include "refhost/data/JsonEscape.h"
+#include "refhost/data/MissingValue.h"
 #include "refhost/data/ShortestNumber.h"
 
 namespace refhost {
-
-namespace {
-
-constexpr double kMissingNumber = -std::numeric_limits<double>::max();
-
-}  // namespace
 
 void JsonEmitter::String(std::string_view text)
 {
@@ -29,9 +22,17 @@ void JsonEmitter::String(std::string_view text)
     fOutput.Took(out);
 }
 
+void JsonEmitter::LongKey(std::string_view name)
+{
+    fOutput.Took(RoomBehindSeparator(0));
+    fOutput.Put('"');
+    fOutput.Write(name);
+    fOutput.Put('"');
+}
+
 void JsonEmitter::Number(double number)
 {
-    if (!std::isfinite(number) || number == kMissingNumber) {
+    if (IsUntold(number)) {
         Null();
         return;
     }

@@ -25,6 +25,7 @@ public:
     void Key(std::string_view name)
     {
         constexpr std::size_t kQuotes = 2;
+        if (name.size() > kLongestName) return LongKey(name);
         char* out = RoomBehindSeparator(name.size() + kQuotes);
         *out++ = '"';
         std::memcpy(out, name.data(), name.size());
@@ -51,6 +52,10 @@ public:
     void BreakLine(unsigned depth) { fWriter.BreakLine(depth); }
 
 private:
+    static constexpr std::size_t kLongestName = 1024;  // for which there is room at once
+
+    void LongKey(std::string_view name);
+
     /// The output stream of the JSON library.
     class Stream {
     public:
