@@ -82,7 +82,7 @@ TEST(Writers, AreFoundByTheirFormat)
         SCOPED_TRACE(row.fFormat);
         EXPECT_EQ(FindWriter(row.fFormat), &row);
         const std::string file = testing::TempDir() + "writers" + std::string(row.fExtension);
-        const auto writer = row.fMake({.fFile = file, .fName = file});
+        const auto writer = row.fMake({.fFile = file});
         writer->Begin({});
         writer->End({});
         EXPECT_EQ(std::remove(file.c_str()), 0) << "each writes the file that was named";
