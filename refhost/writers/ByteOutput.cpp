@@ -4,6 +4,7 @@
 #include <poll.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <system_error>
 #include <utility>
@@ -41,15 +42,29 @@ ByteOutput::~ByteOutput()
 
 void ByteOutput::Flush()
 {
+    if (fKeeps) return;
     const std::string_view gathered(fPiece.get(), fUsed);
     fUsed = 0;  // also where they can't be sent: they are not to be tried again
     Send(gathered);
 }
 
+void ByteOutput::MakeRoom(std::size_t bytes)
+{
+    if (!fKeeps) {
+        Flush();
+        return;
+    }
+    const std::size_t size = std::max(2 * fSize, fUsed + bytes);
+    auto larger = std::make_unique_for_overwrite<char[]>(size);
+    std::memcpy(larger.get(), fPiece.get(), fUsed);
+    fPiece = std::move(larger);
+    fSize = size;
+}
+
 void ByteOutput::WriteBeyond(std::string_view bytes)
 {
-    Flush();
-    if (bytes.size() > kPiece) {
+    MakeRoom(bytes.size());
+    if (bytes.size() > fSize) {
         Send(bytes);
         return;
     }
@@ -59,7 +74,6 @@ void ByteOutput::WriteBeyond(std::string_view bytes)
 void ByteOutput::Send(std::string_view bytes)
 {
     if (fText) {
-        if (std::exchange(fIsTaken, false)) fText->clear();
         *fText += bytes;
         return;
     }
@@ -82,12 +96,7 @@ void ByteOutput::Close()
     if (::close(fDescriptor) != 0) Fail(errno);  // some file systems tell of a full disk only here
 }
 
-std::string_view ByteOutput::Take()
-{
-    Flush();
-    fIsTaken = true;
-    return fKept;
-}
+std::string_view ByteOutput::Take() { return {fPiece.get(), std::exchange(fUsed, 0)}; }
 
 void ByteOutput::Fail(int reason) const
 {

@@ -24,8 +24,8 @@ public:
     /// Appends to a text, which outlives this object.
     explicit ByteOutput(std::string& text) : fText(&text) {}
 
-    /// Keeps all bytes until they are taken.
-    ByteOutput() : fText(&fKept) {}
+    /// Keeps all bytes until they are taken: it gathers, and never hands over.
+    ByteOutput() : fKeeps(true) {}
 
     /// Gives up what was not flushed: `Close` is the way to end well.
     ~ByteOutput();
@@ -34,7 +34,7 @@ public:
 
     void Write(std::string_view bytes)
     {
-        if (bytes.size() > kPiece - fUsed) {
+        if (bytes.size() > fSize - fUsed) {
             WriteBeyond(bytes);
             return;
         }
@@ -44,7 +44,7 @@ public:
 
     void Put(char byte)
     {
-        if (fUsed == kPiece) Flush();
+        if (fUsed == fSize) MakeRoom(1);
         fPiece[fUsed++] = byte;
     }
 
@@ -52,7 +52,7 @@ public:
     char* Room(std::size_t bytes)
     {
         assert(bytes <= kMostRoom);
-        if (bytes > kPiece - fUsed) Flush();
+        if (bytes > fSize - fUsed) MakeRoom(bytes);
         return fPiece.get() + fUsed;
     }
     void Took(const char* end) { fUsed = static_cast<std::size_t>(end - fPiece.get()); }
@@ -63,10 +63,13 @@ public:
     /// Flushes, and closes a file.
     void Close();
 
-    /// What was kept since the last call; valid until the next is called for or written.
+    /// What was kept since the last call; valid until more is written.
     std::string_view Take();
 
 private:
+    /// Empties the piece, or makes it larger where it is to keep what it holds.
+    void MakeRoom(std::size_t bytes);
+
     /// Writes what the piece has no room for.
     void WriteBeyond(std::string_view bytes);
 
@@ -74,13 +77,13 @@ private:
     void Send(std::string_view bytes);
     [[noreturn]] void Fail(int reason) const;
 
-    std::string fKept;
-    bool fIsTaken = false;  // what is kept
     std::string* fText = nullptr;
+    bool fKeeps = false;
     std::string fName;
     int fDescriptor = -1;
     bool fOwned = false;
-    std::unique_ptr<char[]> fPiece = std::make_unique<char[]>(kPiece);
+    std::unique_ptr<char[]> fPiece = std::make_unique_for_overwrite<char[]>(kPiece);
+    std::size_t fSize = kPiece;
     std::size_t fUsed = 0;  // of the piece
 };
 

@@ -45,6 +45,23 @@ TEST(ByteOutput, WritesEverythingOnce)
     EXPECT_EQ(std::remove(file.c_str()), 0);
 }
 
+TEST(ByteOutput, KeepsWhatIsTakenLater)
+{
+    ByteOutput output;
+    EXPECT_EQ(output.Take(), "");
+    for (const std::size_t size : {10, 70'000, 1'000'000, 5}) {
+        std::string expected;
+        while (expected.size() < size) {
+            output.Write("piece ");
+            output.Put('\n');
+            expected += "piece \n";
+        }
+        output.Flush();
+        output.Write(expected);
+        EXPECT_TRUE(output.Take() == expected + expected) << size;
+    }
+}
+
 TEST(ByteOutput, TellsWhyItCannotWrite)
 {
     EXPECT_EQ(FailureOf([] {
