@@ -13,7 +13,7 @@ inline constexpr int kDefaultTerminalWidth = 100;
 
 /// Where and how a writer writes.
 struct WriterSettings {
-    std::string fFile;  ///< empty: standard output
+    std::string fFile;       ///< empty: standard output
     std::string fName = {};  ///< what failures call it
     int fTerminalWidth = kDefaultTerminalWidth;
 };
