@@ -19,7 +19,6 @@ public:
 
     /// Standard output where `file` is empty; otherwise the file, which is made or emptied.
     ByteOutput(const std::string& file, std::string name);
-    explicit ByteOutput(const std::string& file) : ByteOutput(file, file) {}
 
     /// Appends to a text, which outlives this object.
     explicit ByteOutput(std::string& text) : fText(&text) {}

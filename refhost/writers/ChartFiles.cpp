@@ -49,7 +49,9 @@ void WriteWhole(const std::string& file, std::string_view text)
         output.Write(text);
         output.Put('\n');
         output.Close();
-        std::filesystem::rename(unfinished, file);
+        std::error_code error;
+        std::filesystem::rename(unfinished, file, error);
+        if (error) throw WriteFailure(fmt::format("can't write {}: {}", file, error.message()));
     } catch (...) {
         std::remove(unfinished.c_str());
         throw;

@@ -99,10 +99,12 @@ class Interruptions(Case):
 
     def test_a_run_that_waits_for_its_reader_can_be_ended(self):
         self.write("0.xml", large_document())
-        self.write("job.json", job([{"document": "0.xml"}]))
-        process = self.start_tool("run", "job.json", "--format", "json", stdout=subprocess.PIPE)
-        process.stdout.read(1)  # and no more
-        self.end_at_once(process)
+        self.write("job.json", job([{"document": "0.xml"}] * 2))
+        for jobs in (1, 2):
+            with self.subTest(jobs):
+                process = self.start_tool("run", "job.json", "--format", "json", "--jobs", jobs, stdout=subprocess.PIPE)
+                process.stdout.read(1)  # and no more
+                self.end_at_once(process)
 
 
 class ProgressOfSplits(Case):

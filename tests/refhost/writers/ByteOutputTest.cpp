@@ -28,7 +28,7 @@ TEST(ByteOutput, WritesEverythingOnce)
     const std::string file = testing::TempDir() + "byte_output.bin";
     std::string expected;
     {
-        ByteOutput output(file);
+        ByteOutput output(file, file);
         for (int piece = 0; piece < 30'000; ++piece) {
             output.Write("piece ");
             output.Put('\n');
@@ -65,12 +65,12 @@ TEST(ByteOutput, KeepsWhatIsTakenLater)
 TEST(ByteOutput, TellsWhyItCannotWrite)
 {
     EXPECT_EQ(FailureOf([] {
-                  ByteOutput output("/dev/full");
+                  ByteOutput output("/dev/full", "a disk");
                   output.Write("text");
                   output.Close();
               }),
-              "can't write /dev/full: No space left on device");
-    EXPECT_EQ(FailureOf([] { const ByteOutput output("/nowhere/at/all"); }),
+              "can't write a disk: No space left on device");
+    EXPECT_EQ(FailureOf([] { const ByteOutput output("/nowhere/at/all", "/nowhere/at/all"); }),
               "can't write /nowhere/at/all: No such file or directory");
 }
 

@@ -151,23 +151,21 @@ int PairwiseGraph::FillChartData(VarDataProcessor& processor)
 
     // Where both columns name samples, they are numbers, as the table of pairs reads them;
     // otherwise they are positions.
-    auto first = fState->NamedSamples(ColumnValues("Sample1", true));
-    auto second = fState->NamedSamples(ColumnValues("Sample2", true));
-    if (!first || !second) {
-        first = ColumnValues("Sample1", false);
-        second = ColumnValues("Sample2", false);
-    }
+    const auto firstNamed = fState->NamedSamples(ColumnValues("Sample1", true));
+    const auto secondNamed = fState->NamedSamples(ColumnValues("Sample2", true));
+    const bool areNumbers = firstNamed && secondNamed;
+    const std::vector<double> first = areNumbers ? *firstNamed : ColumnValues("Sample1", false);
+    const std::vector<double> second = areNumbers ? *secondNamed : ColumnValues("Sample2", false);
     const std::vector<double> significances = ColumnValues("AdjSig", true);
     const std::vector<double> types = SignificanceTypes(significances);
-    const std::size_t pairs = std::min({first->size(), second->size(), significances.size()});
+    const std::size_t pairs = std::min({first.size(), second.size(), significances.size()});
     int edge = 0;
     for (std::size_t pair = 0; pair < pairs; ++pair) {
         const double significance = significances[pair];
-        if (significance == kNoDifference || IsMissing((*first)[pair]) ||
-            IsMissing((*second)[pair]))
+        if (significance == kNoDifference || IsMissing(first[pair]) || IsMissing(second[pair]))
             continue;
-        processor.SetVariableValue(kEdges, kFrom, edge, (*first)[pair]);
-        processor.SetVariableValue(kEdges, kTo, edge, (*second)[pair]);
+        processor.SetVariableValue(kEdges, kFrom, edge, first[pair]);
+        processor.SetVariableValue(kEdges, kTo, edge, second[pair]);
         processor.SetVariableValue(kEdges, kWeight, edge, EdgeWeight(significance));
         processor.SetVariableValue(kEdges, kWeightInPopup, edge, significance);
         processor.SetVariableValue(kEdges, kType, edge, types[pair]);
