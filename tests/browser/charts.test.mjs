@@ -73,7 +73,6 @@ test("a chart is drawn as it comes into view, in a box that keeps its size", asy
   const room = await last.evaluate((box) => ({ width: box.offsetWidth, height: box.offsetHeight }));
   await last.evaluate((box) => (location.hash = box.closest("figure").id));
   await page.waitForFunction(() => [...document.querySelectorAll(".picture")].at(-1).matches(".drawn"));
-  await page.waitForTimeout(100);
   const drawn = await last.evaluate((box) => ({ width: box.offsetWidth, height: box.offsetHeight }));
   assert.ok(Math.abs(drawn.height - room.height) <= 1, `${room.height} px were kept, ${drawn.height} px were needed`);
   await page.close();

@@ -42,9 +42,11 @@ test("a click goes to the place and marks it, also at the very end", async () =>
     await link.evaluate((element) => element.click()); // the list may move below a mouse
     const href = await link.getAttribute("href");
     await page.waitForFunction((id) => document.querySelector(id).getBoundingClientRect().top < innerHeight, href);
-    await page.waitForTimeout(120);
-    assert.equal(await link.getAttribute("aria-current"), "location", href);
-    assert.equal(await page.locator("#outline [aria-current]").count(), 1);
+    const isOnlyMark = (id) => {
+      const marked = [...document.querySelectorAll("#outline [aria-current=location]")];
+      return marked.length === 1 && marked[0].getAttribute("href") === id;
+    };
+    await page.waitForFunction(isOnlyMark, href);
   }
 });
 

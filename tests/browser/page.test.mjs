@@ -16,8 +16,8 @@ const isDark = (color) => color.match(/\d+/g).slice(0, 3).every((part) => Number
 
 test("a report says nothing on the console and asks nothing of the network", async () => {
   const page = await openReport(browser.context, "motor-trend");
-  await page.evaluate(() => scrollTo(0, document.documentElement.scrollHeight));
-  await page.waitForTimeout(300);
+  await page.locator("figure.chart .picture").last().scrollIntoViewIfNeeded();
+  await page.locator("figure.chart .picture.drawn").last().waitFor();
   assert.deepEqual(page.said, []);
   assert.deepEqual(page.asked, []);
   const policy = await page.getAttribute('meta[http-equiv="Content-Security-Policy"]', "content");
