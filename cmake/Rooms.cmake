@@ -24,11 +24,17 @@ function(nonpar_existing out)
     set(${out} ${found} PARENT_SCOPE)
 endfunction()
 
+# Tests are much code that runs once: optimizing it takes longer than all its runs.
+function(nonpar_compile_quickly)
+    set_source_files_properties(${ARGN} PROPERTIES COMPILE_OPTIONS "-O0;$<$<CONFIG:Debug>:-g1>")
+endfunction()
+
 # Every folder below tests/ that holds sources becomes one program, named after its path.
 function(nonpar_tests)
     file(GLOB support CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/support/*.cpp)
     if(support)
         add_library(tests_support STATIC ${support})
+        nonpar_compile_quickly(${support})
         target_link_libraries(tests_support PUBLIC nonpar_warnings refhost_all GTest::gtest)
         target_include_directories(tests_support PUBLIC ${PROJECT_SOURCE_DIR}/tests)
         target_compile_definitions(tests_support PUBLIC
@@ -46,6 +52,7 @@ function(nonpar_tests)
         string(REPLACE "/" "_" name ${folder})
         file(GLOB files CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/${folder}/*.cpp)
         add_executable(test_${name} ${files})
+        nonpar_compile_quickly(${files})
         target_link_libraries(test_${name} PRIVATE nonpar_warnings plugin_all refhost_all
                               GTest::gmock GTest::gtest GTest::gtest_main)
         if(TARGET tests_support)
