@@ -9,6 +9,7 @@
 #include <cstdio>
 #include <cstring>
 #include <filesystem>
+#include <string_view>
 #include <system_error>
 
 #include "refhost/document/WriteFailure.h"
@@ -34,13 +35,14 @@ std::string TargetOf(const std::string& file)
     return error ? file : target.string();
 }
 
-/// A name beside another, of a length that file systems take.
-std::string PartOf(const std::string& file)
+/// A name beside another, of a length that file systems take. Put together from texts: where memory
+/// runs out in it, `path::replace_filename` leaves a path that can't be destroyed.
+std::string PartOf(std::string_view file)
 {
     constexpr std::size_t kLongestStem = 200;
-    std::filesystem::path path(file);
-    const std::string stem = path.filename().string().substr(0, kLongestStem);
-    return path.replace_filename(fmt::format("{}.{}.part", stem, getpid())).string();
+    const std::size_t name = file.rfind('/') + 1;  // the first where there is no folder
+    return fmt::format("{}{}.{}.part", file.substr(0, name), file.substr(name, kLongestStem),
+                       getpid());
 }
 
 }  // namespace

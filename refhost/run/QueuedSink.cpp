@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <new>
+#include <system_error>
 #include <utility>
 
 #include <fmt/format.h>
@@ -38,9 +39,11 @@ QueuedSink::QueuedSink(OutputSink& next, std::size_t threads) : fNext(next)
     try {
         while (fThreads.size() < threads)
             fThreads.emplace_back([this] { Work(); });
-    } catch (const std::exception& failure) {  // fewer do as well
+    } catch (const std::system_error& failure) {  // fewer do as well
         if (fThreads.empty())
             throw RunFailure(fmt::format("a thread can't be started: {}", failure.what()));
+    } catch (const std::bad_alloc&) {
+        if (fThreads.empty()) throw;
     }
 }
 
