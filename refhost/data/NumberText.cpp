@@ -144,6 +144,13 @@ std::string FixedText(double value, int decimals)
     return text;
 }
 
+std::string FixedTextOrBound(double value, int decimals)
+{
+    std::string text = FixedText(value, decimals);
+    const bool isZero = text.find_first_not_of("0.") == std::string::npos;
+    return value > 0.0 && isZero ? "<" + FixedText(std::pow(10.0, -decimals), decimals) : text;
+}
+
 std::string ScientificText(double value, int width)
 {
     constexpr int kLongestExponent = 5;  // e+308

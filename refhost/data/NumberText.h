@@ -23,6 +23,9 @@ std::string ShortText(double value, int digits);
 /// Fixed notation as C's `printf` rounds it; a zero has no sign.
 std::string FixedText(double value, int decimals);
 
+/// The same, but a value above zero that would show as zero is told by what it is below: "<0.001".
+std::string FixedTextOrBound(double value, int decimals);
+
 /// Scientific notation as C's `printf` rounds it, with as many digits as `width` characters hold;
 /// empty where they hold not even one.
 std::string ScientificText(double value, int width);

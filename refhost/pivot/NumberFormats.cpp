@@ -63,12 +63,6 @@ bool IsWhole(double number, Kind kind)
     return number == std::trunc(number);
 }
 
-/// Whether the number would show as zero although it is above.
-bool VanishesInItsDecimals(const TextNumber& number)
-{
-    return number.fNumber > 0.0 && number.fNumber < 0.5 * std::pow(10.0, -number.fDecimals);
-}
-
 }  // namespace
 
 NumberFormat FormatName(const BpFormatSpec& format) { return Row(format).fName; }
@@ -83,11 +77,10 @@ int FormatDecimals(const BpFormatSpec& format, double number)
 std::string FormattedNumber(const TextNumber& number)
 {
     if (IsUntold(number.fNumber)) return ".";
-    // No significance is zero: it is told by what it is below.
-    if (number.fFormat == NumberFormat::Significance && VanishesInItsDecimals(number))
-        return "<" + FixedText(std::pow(10.0, -number.fDecimals), number.fDecimals);
-    return std::abs(number.fNumber) < kLongestFixed ? FixedText(number.fNumber, number.fDecimals)
-                                                    : ShortText(number.fNumber, number.fDecimals);
+    if (std::abs(number.fNumber) >= kLongestFixed)
+        return ShortText(number.fNumber, number.fDecimals);
+    const bool isNeverZero = number.fFormat == NumberFormat::Significance;
+    return (isNeverZero ? FixedTextOrBound : FixedText)(number.fNumber, number.fDecimals);
 }
 
 }  // namespace refhost

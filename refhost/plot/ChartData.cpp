@@ -171,7 +171,8 @@ std::string DataVariable::FormattedNumber(double raw) const
         return ReadableNumber(raw, std::clamp(format.fDecimals, 0, 16));
     }
     if (fDeclared && fDeclared->fDecimals >= 0) {
-        return ReadableNumber(raw, std::min(fDeclared->fDecimals, 16));
+        const int decimals = std::min(fDeclared->fDecimals, 16);
+        return (std::fabs(raw) < 1.0 ? FixedTextOrBound : ReadableNumber)(raw, decimals);
     }
     return ShortText(raw, kPlainDigits);
 }

@@ -280,9 +280,10 @@ std::size_t SizeOf(std::size_t rows)
                    kSizeSteps, [rows](std::size_t step) { return rows >= step; }));
 }
 
+/// A number, or what one is below.
 bool LooksNumeric(std::string_view text)
 {
-    return text.find_first_not_of("+-.0123456789eE") == std::string_view::npos;
+    return text.find_first_not_of("<+-.0123456789eE") == std::string_view::npos;
 }
 
 }  // namespace

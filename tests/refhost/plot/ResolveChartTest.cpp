@@ -206,7 +206,7 @@ TEST(ResolveChart, DrawsEdgesOnlyForPairsInTheData)
     SampleChart sample(Template("GLMMPairwiseContrasts"));
     sample.Source("nodeSource_1").Numbers("node", {0, 1, 2, 3});
     sample.Source("edgeSource_1").Numbers("from", {0, 1, 2}).Numbers("to", {1, 2, 9});
-    sample.Numbers("weight", {1, 4, 1}).Numbers("weightInPopup", {0.001, 0.5, 0.2});
+    sample.Numbers("weight", {1, 4, 1}).Numbers("weightInPopup", {0.0002, 0.5, 0.2});
     sample.Numbers("type", {1, 2, 1});
     sample.Set("node").fRelabels = {{"0", "casein\n52.33"}};
     sample.Set("weightInPopup").fPrefix = "Adj. Sig. = ";
@@ -224,7 +224,7 @@ TEST(ResolveChart, DrawsEdgesOnlyForPairsInTheData)
     using Strings = std::vector<std::string>;
     EXPECT_EQ(chart->fData.fColumns, (Strings{"Sample 1", "Sample 2", "Adj. Sig."}));
     EXPECT_EQ(chart->fData.fRows,
-              (std::vector<Strings>{{"casein, 52.33", "1", "0.001"}, {"1", "2", "0.500"}}));
+              (std::vector<Strings>{{"casein, 52.33", "1", "<0.001"}, {"1", "2", "0.500"}}));
 }
 
 TEST(ResolveChart, TakesHostileNumbersAndCountsOfCategories)
