@@ -49,7 +49,7 @@ void ReadDocument(benchmark::State& state, const std::string& name)
         NOPRParseOutXML reader(example.fJob.fDataSource.get(), &stats, &document);
         benchmark::DoNotOptimize(reader.Read());
     }
-    state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * document.size()));
+    state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(document.size()));
 }
 
 void WriteSplit(benchmark::State& state, const std::string& name, const WriterRow& writer)
@@ -74,7 +74,7 @@ void WriteSplit(benchmark::State& state, const std::string& name, const WriterRo
     }
     TextTable::Activate(nullptr);
     const std::size_t bytes = example.fSplits[0].fDocument.size();
-    state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * bytes));
+    state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(bytes));
 }
 
 }  // namespace

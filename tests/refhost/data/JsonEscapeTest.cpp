@@ -37,7 +37,8 @@ TEST(JsonEscape, IsReadBackAsTheTextWasWhereverEscapesStand)
     const std::array<std::string, 9> pieces = {
         "\"", "\\", std::string(1, '\0'), "\x1F", "\n", "<", "ä", "𝄞", "plain text of some length"};
     for (std::size_t gap = 0; gap < 40; ++gap) {
-        for (const std::size_t size : {0, 3, 4, 15, 16, 17, 31, 33, 70, 1020, 1030, 3000}) {
+        for (const std::size_t size :
+             {0U, 3U, 4U, 15U, 16U, 17U, 31U, 33U, 70U, 1020U, 1030U, 3000U}) {
             std::string text(gap % 17, 'x');
             for (std::size_t piece = gap; text.size() < size; ++piece)
                 text += pieces[piece % pieces.size()] + std::string((piece * gap) % 19, 'y');
@@ -53,7 +54,7 @@ TEST(JsonEscape, IsReadBackAsTheTextWasWhereverEscapesStand)
 TEST(JsonEscape, SetsTheReplacementForWhatIsNotUtf8)
 {
     const std::string replacement = "\xEF\xBF\xBD";
-    for (const std::size_t before : {0, 5, 15, 31, 1023}) {
+    for (const std::size_t before : {0U, 5U, 15U, 31U, 1023U}) {
         const std::string plain(before, 'x'), behind(40, 'y');
         for (const char* broken : {"\x80", "\xFF", "\xC3", "\xE2\x82", "\xC0\xAF"}) {
             std::string text = plain;

@@ -74,7 +74,7 @@ TEST(QueuedSink, HandsEverythingOnInOrder)
     for (const int reports : {1, 30, 31, 32, 33, 10000}) {  // around a batch, and many
         Scribe direct;
         WriteSplits(direct, 3, reports);
-        for (const std::size_t threads : {1, 2, 7}) {
+        for (const std::size_t threads : {1U, 2U, 7U}) {
             SCOPED_TRACE(testing::Message() << reports << " reports, threads: " << threads);
             Scribe queued;
             {

@@ -49,7 +49,7 @@ TEST(ByteOutput, KeepsWhatIsTakenLater)
 {
     ByteOutput output;
     EXPECT_EQ(output.Take(), "");
-    for (const std::size_t size : {10, 70'000, 1'000'000, 5}) {
+    for (const std::size_t size : {10U, 70'000U, 1'000'000U, 5U}) {
         std::string expected;
         while (expected.size() < size) {
             output.Write("piece ");
