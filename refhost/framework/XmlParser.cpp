@@ -16,6 +16,7 @@
 #include <xercesc/util/OutOfMemoryException.hpp>
 #include <xercesc/util/PlatformUtils.hpp>
 #include <xercesc/util/XMLException.hpp>
+#include <xercesc/util/XMLString.hpp>
 #include <xercesc/util/XMLUni.hpp>
 
 #include "refhost/framework/DocumentBytes.h"
@@ -98,6 +99,16 @@ public:
         return builder.Take();
     }
 
+    /// After a document of another version of XML the scanner would read the next that declares
+    /// none by the rules of that version.
+    bool IsFitForNext() const { return fIsUsualVersion; }
+
+    void XMLDecl(const XMLCh* const version, const XMLCh* const, const XMLCh* const,
+                 const XMLCh* const) override
+    {
+        fIsUsualVersion = XMLString::equals(version, XMLUni::fgVersion1_0);
+    }
+
     /// The first event of a document type, before any declaration in it is read.
     void resetDocType() override { fHandler->Refuse(kDocumentTypeRefused); }
 
@@ -138,6 +149,7 @@ private:
     // Valid while a document is read.
     const FailureHandler* fHandler = nullptr;
     XmlTreeBuilder* fBuilder = nullptr;
+    bool fIsUsualVersion = true;
 };
 
 /// The library's own ends the program where it can't be set up, which takes nothing but memory.
@@ -204,7 +216,7 @@ try {
         failure = {Utf8Text(exception.getMessage())};
         return {};
     }
-    kept = std::move(parser);
+    if (parser->IsFitForNext()) kept = std::move(parser);
     if (HasIllFormedUtf8(document, failure)) return {};
     std::string overlooked = FindOverlookedBytes(document);
     if (overlooked.empty()) return tree;

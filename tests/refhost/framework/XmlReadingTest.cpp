@@ -201,6 +201,22 @@ TEST(LoadFromString, ReplacesTheDocumentOfALoadingWrapperOnly)
     EXPECT_FALSE(root.GetFirstElement("b", &child, true));
 }
 
+TEST(LoadFromString, ReadsADocumentByTheRulesOfItsOwnVersionOnly)
+{
+    const char* const otherVersion = "<?xml version='1.1'?><a>&#27;</a>";
+    const char* const nextLine = "<a>x\xC2\x85y</a>";  // an end of line in XML 1.1 alone
+    for (const bool isBehindOther : {false, true}) {
+        SCOPED_TRACE(isBehindOther);
+        SDOMXMLWrapper root;
+        ASSERT_TRUE(!isBehindOther || root.LoadFromString(otherVersion));
+        ASSERT_NE(root.LoadFromString(nextLine), nullptr);
+        std::string text;
+        root.GetTextBody(text);
+        EXPECT_EQ(text, "x\xC2\x85y");
+        EXPECT_EQ(root.LoadFromString("<a>&#27;</a>"), nullptr);
+    }
+}
+
 TEST(LoadFromString, TakesTimeInProportionToTheDocument)
 {
     std::string attributes = "<a";
