@@ -14,11 +14,16 @@ using Stats = NOPROutputStats;
 constexpr char kParameterMark = '%';
 constexpr char kLowerBoundMark = '>';
 
-void MarkOrdinalFields(const std::vector<int>& fields, Stats& stats)
+/// A text without a number leaves the list that is there, whose fields are marked already.
+void ReadOrdinalFields(const std::string& text, std::vector<int>& fields, Stats& stats)
 {
-    for (const int index : fields)
+    std::vector<int> read;
+    ParseIntegers(text, read);
+    if (read.empty()) return;
+    for (const int index : read)
         if (FieldInfoData* field = stats.GetFieldInfo(static_cast<unsigned>(index)))
             field->fOrdinalAsContinuous = true;
+    fields = std::move(read);
 }
 
 /// A number of the test itself; a mark before it makes it a lower bound.
@@ -63,8 +68,7 @@ bool ReadCondition(const SDOMXMLWrapper& element, ReaderState& state,
         } else if (attribute.fName == "isUseSample") {
             state.fIsUseSample = attribute.fValue == "true";
         } else if (attribute.fName == "OrdinalTreatedAsCont") {
-            ParseIntegers(attribute.fValue, condition.fOrdinalFields);
-            MarkOrdinalFields(condition.fOrdinalFields, *state.fStats);
+            ReadOrdinalFields(attribute.fValue, condition.fOrdinalFields, *state.fStats);
         } else {
             AppendParameter(attribute, condition.fParameters);
         }
