@@ -67,6 +67,9 @@ TEST(StringValue, IsCutToTheFormatsWidthAndLosesBlanksAtTheEnd)
                            Row{" a b    ", 8, " a b", "blanks at the start stay"},
                            Row{"        ", 8, "", "blanks only"},
                            Row{"abcdefgh", 3, "abc", "longer than the format"},
+                           Row{"Gr\xC3\xB6\xC3\x9F"
+                               "e",
+                               5, "Gr\xC3\xB6", "no half of a character"},
                            Row{"ab", 8, "ab", "shorter than the format"}}) {
         SCOPED_TRACE(row.why);
         EXPECT_EQ(StringValue(OBS(std::string(row.text)), FormatOf(1, row.width, 0)), row.expected);

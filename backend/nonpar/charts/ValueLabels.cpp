@@ -54,8 +54,11 @@ const OBS* ValueAtPosition(const FieldInfoData* field, double position)
 
 std::string StringValue(const OBS& value, const QORT_Format& format)
 {
-    const std::string text = value.Text().substr(0, format.fWidth);
-    return text.substr(0, text.find_last_not_of(' ') + 1);
+    if (!value.IsString()) return {};
+    std::string text(format.fWidth, ' ');
+    ToString(value, format, text.data());  // cuts no character in two
+    text.erase(text.find_last_not_of(' ') + 1);
+    return text;
 }
 
 ChartString ValueKey(const OBS& value, const QORT_Format& format)
