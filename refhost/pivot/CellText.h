@@ -36,8 +36,7 @@ namespace refhost {
 /// What a caller passed, to be kept in a node. Never null.
 TextRef Snapshot(const BpCellText& text);
 
-/// The text of a key, or the string itself. A message code (digits only) that the text table lacks
-/// reads as "Message N.".
+/// The text of a key, or the string itself.
 std::string TableText(std::string_view string, bool lookup);
 
 }  // namespace refhost
