@@ -8,12 +8,19 @@
 #include "refhost/chart/Transcoding.h"
 #include "refhost/document/HostRun.h"
 #include "refhost/document/OutputBuilder.h"
+#include "refhost/strings/TextTable.h"
 #include "refhost/template/ReadTemplate.h"
 
+using refhost::TextTable;
 using refhost::tree::Extension;
 using refhost::tree::LabelFrame;
 
 namespace {
+
+std::string ChartText(std::string_view key)
+{
+    return TextTable::Active().LookUp(TextTable::Section::Charts, key);
+}
 
 std::string ShownIn(const std::optional<Extension>& extension,
                     std::optional<LabelFrame> Extension::*frame)
@@ -35,7 +42,7 @@ XDocument::Impl::Impl(const std::string& text)
 
 void XDocument::Impl::ReadDrawing()
 {
-    auto read = refhost::ReadTemplate(fText);
+    auto read = refhost::ReadTemplate(fText, ChartText);
     fHasDrawing = read.has_value();
     if (read) fDrawing.fTree = *std::move(read);
     fIsRead = true;

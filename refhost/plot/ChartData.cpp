@@ -138,7 +138,7 @@ const std::string* DataVariable::Relabel(std::string_view key) const
     if (const auto found = fDerivedLabels.find(key); found != fDerivedLabels.end()) {
         return &found->second;
     }
-    if (fShownTexts.contains(key)) return nullptr;  // and no key, whatever it looks like
+    if (fHoldsLabels) return nullptr;
     for (const VariableSettings* settings : {fSettings, fFormatSettings}) {
         if (!settings) continue;
         const auto found = settings->fRelabels.find(key);
@@ -217,10 +217,9 @@ void ChartData::Describe(DataVariable& variable)
             variable.fColumn->fValues.begin(), variable.fColumn->fValues.end(),
             [](const ChartValue& value) { return std::holds_alternative<std::string>(value); });
     }
+    variable.fHoldsLabels =
+        variable.fHoldsText && variable.fDeclared && variable.fDeclared->fHoldsLabels;
     const VariableSettings* settings = variable.fFormatSettings;
-    if (settings && variable.fHoldsText)
-        for (const auto& [key, text] : settings->fRelabels)
-            variable.fShownTexts.insert(text);
     if (!settings || !settings->fHostFormat || settings->fNumberFormat) return;
     const DateFormatRow* date = FindDateFormat(settings->fHostFormat->fType);
     if (!date) return;
@@ -254,7 +253,7 @@ void ChartData::AddDerived(const ChartDrawing& drawing, const tree::DerivedVaria
     variable.fSettings = drawing.FindSettings(derived.fId);
     if (!derived.fCases.empty()) {
         variable.fFormatSettings = variable.fSettings;
-        variable.fShownTexts.clear();
+        variable.fHoldsLabels = false;
     }
     for (const tree::Format& format : derived.fFormats) {
         for (const tree::Relabel& relabel : format.fRelabels) {

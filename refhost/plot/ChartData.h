@@ -3,7 +3,6 @@
 #include <cstddef>
 #include <map>
 #include <optional>
-#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -76,11 +75,11 @@ private:
     const VariableSettings* fSettings = nullptr;        // may be null
     const VariableSettings* fFormatSettings = nullptr;  // whose relabels and format count
     std::map<std::string, std::string, std::less<>> fDerivedLabels;
-    std::set<std::string_view> fShownTexts;  // by relabels; rows that hold texts may hold these
-    const DateFormatRow* fDate = nullptr;    // null without a format of dates or times
+    const DateFormatRow* fDate = nullptr;  // null without a format of dates or times
     bool fIsDate = false;
     bool fIsDuration = false;
     bool fHoldsText = false;
+    bool fHoldsLabels = false;  // and its texts are labels already
 };
 
 /// All variables of a chart by id.

@@ -28,33 +28,33 @@ DimensionSpec ReadDimension(const pugi::xml_node& node)
             NumberOf(range, "max")};
 }
 
-Axis ReadAxis(const pugi::xml_node& node, const Placeholders& placeholders)
+Axis ReadAxis(const pugi::xml_node& node, const TemplateWords& words)
 {
     Axis axis;
     axis.fDimension = WordOf(node, "dimension", kDimensions).value_or(Dimension::X);
     axis.fPlace = WordOf(node, "place", kPlaces).value_or(AxisPlace::Near);
     axis.fStyle = TextOf(node, "style");
-    axis.fLabel = ReadLabelIn(node, placeholders);
+    axis.fLabel = ReadLabelIn(node, words);
     axis.fTicks = FlagOf(node, "ticks", true);
     axis.fGrid = FlagOf(node, "grid", false);
     return axis;
 }
 
-LineGuide ReadLineGuide(const pugi::xml_node& node, const Placeholders& placeholders)
+LineGuide ReadLineGuide(const pugi::xml_node& node, const TemplateWords& words)
 {
     LineGuide guide;
     guide.fId = TextOf(node, "id");
     guide.fDimension = node.attribute("x") ? Dimension::X : Dimension::Y;
     guide.fPlace = TextOf(node, node.attribute("x") ? "x" : "y");
     guide.fStyle = TextOf(node, "style");
-    guide.fLabel = ReadLabelIn(node, placeholders);
+    guide.fLabel = ReadLabelIn(node, words);
     return guide;
 }
 
-Facet ReadFacet(const pugi::xml_node& node, const Placeholders& placeholders)
+Facet ReadFacet(const pugi::xml_node& node, const TemplateWords& words)
 {
     return {WordOf(node, "direction", kDirections).value_or(Facet::Direction::Columns),
-            TextOf(node, "variable"), TextOf(node, "header"), ReadLabelIn(node, placeholders)};
+            TextOf(node, "variable"), TextOf(node, "header"), ReadLabelIn(node, words)};
 }
 
 FacetLayout ReadFacetLayout(const pugi::xml_node& node)
@@ -72,7 +72,7 @@ GraphLayoutStatistic ReadGraphLayout(const pugi::xml_node& node)
 
 }  // namespace
 
-Graph ReadGraph(const pugi::xml_node& node, const Placeholders& placeholders)
+Graph ReadGraph(const pugi::xml_node& node, const TemplateWords& words)
 {
     Graph graph;
     graph.fId = TextOf(node, "id");
@@ -83,9 +83,9 @@ Graph ReadGraph(const pugi::xml_node& node, const Placeholders& placeholders)
         } else if (name == "dimension") {
             graph.fDimensions.push_back(ReadDimension(child));
         } else if (name == "axis") {
-            graph.fAxes.push_back(ReadAxis(child, placeholders));
+            graph.fAxes.push_back(ReadAxis(child, words));
         } else if (name == "lineGuide") {
-            graph.fLineGuides.push_back(ReadLineGuide(child, placeholders));
+            graph.fLineGuides.push_back(ReadLineGuide(child, words));
         } else if (name == "facetLayout") {
             graph.fFacetLayout = ReadFacetLayout(child);
         } else if (name == "graphLayoutStatistic") {
@@ -95,7 +95,7 @@ Graph ReadGraph(const pugi::xml_node& node, const Placeholders& placeholders)
         }
     }
     for (const auto& facet : node.child("faceting").children("facet")) {
-        graph.fFacets.push_back(ReadFacet(facet, placeholders));
+        graph.fFacets.push_back(ReadFacet(facet, words));
     }
     return graph;
 }

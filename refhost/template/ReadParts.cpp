@@ -24,14 +24,13 @@ constexpr Word<ENUM_method> kMethods[] = {
 };
 // clang-format on
 
-Label ReadLabel(const pugi::xml_node& node, const Placeholders& placeholders)
+Label ReadLabel(const pugi::xml_node& node, const TemplateWords& words)
 {
     Label label;
     label.fId = TextOf(node, "id");
     label.fStyle = TextOf(node, "style");
-    for (const auto& text : node.children("text")) {
-        label.fTexts.push_back({"", placeholders.Filled(text.text().get())});
-    }
+    for (const auto& text : node.children("text"))
+        label.fTexts.push_back({"", words.Shown(text)});
     return label;
 }
 
@@ -49,18 +48,26 @@ std::vector<std::string> ListOf(const pugi::xml_node& node, const char* name)
     return members;
 }
 
-Placeholders::Placeholders(const pugi::xml_node& visualization)
+TemplateWords::TemplateWords(const pugi::xml_node& visualization, TextOfKey* textOfKey)
+    : fTextOfKey(textOfKey)
 {
     for (const auto& node : visualization.children("placeholders")) {
         for (std::string& word : ListOf(node, "words"))
-            fWords.insert(std::move(word));
+            fPlaceholders.insert(std::move(word));
     }
 }
 
-std::optional<Label> ReadLabelIn(const pugi::xml_node& parent, const Placeholders& placeholders)
+std::string TemplateWords::Shown(const pugi::xml_node& text) const
+{
+    const char* own = text.text().get();
+    if (fTextOfKey && FlagOf(text, "lookup", false)) return fTextOfKey(own);
+    return Filled(own);
+}
+
+std::optional<Label> ReadLabelIn(const pugi::xml_node& parent, const TemplateWords& words)
 {
     const auto node = parent.child("label");
-    return node ? std::optional(ReadLabel(node, placeholders)) : std::nullopt;
+    return node ? std::optional(ReadLabel(node, words)) : std::nullopt;
 }
 
 Location ReadLocation(const pugi::xml_node& node)
@@ -74,7 +81,7 @@ Location ReadLocation(const pugi::xml_node& node)
     return location;
 }
 
-LabelFrame ReadLabelFrame(const pugi::xml_node& node, const Placeholders& placeholders)
+LabelFrame ReadLabelFrame(const pugi::xml_node& node, const TemplateWords& words)
 {
     LabelFrame frame;
     frame.fId = TextOf(node, "id");
@@ -82,7 +89,7 @@ LabelFrame ReadLabelFrame(const pugi::xml_node& node, const Placeholders& placeh
         frame.fLocations.push_back(ReadLocation(child));
     }
     for (const auto& child : node.children("label")) {
-        frame.fLabels.push_back(ReadLabel(child, placeholders));
+        frame.fLabels.push_back(ReadLabel(child, words));
     }
     return frame;
 }

@@ -30,7 +30,9 @@ constexpr Word<Dash> kDashes[] = {
 
 class Reader {
 public:
-    explicit Reader(const pugi::xml_node& root) : fRoot(root), fPlaceholders(root) {}
+    Reader(const pugi::xml_node& root, TextOfKey* textOfKey) : fRoot(root), fWords(root, textOfKey)
+    {
+    }
 
     Visualization Read()
     {
@@ -76,6 +78,7 @@ private:
         variable.fDecimals = static_cast<int>(
             std::clamp(NumberOf(node, "decimals").value_or(-1.0), -1.0, double{kMostDecimals}));
         variable.fCategorical = FlagOf(node, "categorical", false);
+        variable.fHoldsLabels = FlagOf(node, "holdsLabels", false);
         fTree.fSourceVariables.push_back(std::move(variable));
     }
 
@@ -99,7 +102,7 @@ private:
         Format format{TextOf(node, "id"), {}};
         for (const auto& child : node.children("relabel")) {
             std::string to = TextOf(child, "to");
-            if (!fPlaceholders.Has(to)) {
+            if (!fWords.IsPlaceholder(to)) {
                 format.fRelabels.push_back({TextOf(child, "from"), std::move(to)});
             }
         }
@@ -108,7 +111,7 @@ private:
 
     void ReadCategoryOrder(const pugi::xml_node& node)
     {
-        if (fPlaceholders.Has(node.attribute("values").value())) return;
+        if (fWords.IsPlaceholder(node.attribute("values").value())) return;
         fTree.fOrders.push_back(
             {TextOf(node, "variable"), ListOf(node, "values"), FlagOf(node, "complete", false)});
     }
@@ -129,20 +132,19 @@ private:
 
     void ReadGraphNode(const pugi::xml_node& node)
     {
-        fTree.fGraphs.push_back(ReadGraph(node, fPlaceholders));
+        fTree.fGraphs.push_back(ReadGraph(node, fWords));
     }
 
     void ReadLabelFrameNode(const pugi::xml_node& node)
     {
-        fTree.fLabelFrames.push_back(ReadLabelFrame(node, fPlaceholders));
+        fTree.fLabelFrames.push_back(ReadLabelFrame(node, fWords));
     }
 
     /// A legend of the template is one that is drawn.
     void ReadLegend(const pugi::xml_node& node)
     {
         const std::string id = TextOf(node, "id");
-        fTree.fLegends.push_back(
-            {id, {{"", TextOf(node, "target")}}, ReadLabelIn(node, fPlaceholders)});
+        fTree.fLegends.push_back({id, {{"", TextOf(node, "target")}}, ReadLabelIn(node, fWords)});
         ExtensionOf().fLegends.push_back(id);
     }
 
@@ -157,7 +159,7 @@ private:
             popup.fMappings.push_back({TextOf(child, "valueToken"), TextOf(child, "variable"),
                                        FlagOf(child, "firstLine", false)});
         }
-        popup.fTokenTemplate = fPlaceholders.Filled(std::move(popup.fTokenTemplate));
+        popup.fTokenTemplate = fWords.Filled(std::move(popup.fTokenTemplate));
         fTree.fPopups.push_back(std::move(popup));
     }
 
@@ -174,7 +176,7 @@ private:
 
     std::optional<LabelFrame> ReadFrame(const pugi::xml_node& node) const
     {
-        return node ? std::optional(ReadLabelFrame(node, fPlaceholders)) : std::nullopt;
+        return node ? std::optional(ReadLabelFrame(node, fWords)) : std::nullopt;
     }
 
     Extension& ExtensionOf()
@@ -183,7 +185,7 @@ private:
     }
 
     const pugi::xml_node fRoot;
-    const Placeholders fPlaceholders;
+    const TemplateWords fWords;
     Visualization fTree;
 };
 
@@ -191,7 +193,7 @@ private:
 
 }  // namespace tree
 
-std::optional<tree::Visualization> ReadTemplate(std::string_view text)
+std::optional<tree::Visualization> ReadTemplate(std::string_view text, TextOfKey* textOfKey)
 {
     const auto repaired = RepairTemplate(text);
     if (!repaired) return std::nullopt;
@@ -204,7 +206,7 @@ std::optional<tree::Visualization> ReadTemplate(std::string_view text)
     }
     if (!result) return std::nullopt;
     const auto root = document.child("visualization");
-    return root ? std::optional(tree::Reader(root).Read()) : std::nullopt;
+    return root ? std::optional(tree::Reader(root, textOfKey).Read()) : std::nullopt;
 }
 
 }  // namespace refhost

@@ -14,7 +14,7 @@ struct GrammarRow {
 inline constexpr GrammarRow kGrammar[] = {
     {"visualization",         "id"},
     // variables
-    {"sourceVariable",        "id source column label labelsFrom decimals categorical"},
+    {"sourceVariable",        "id source column label labelsFrom decimals categorical holdsLabels"},
     {"derivedVariable",       "id value"},
     {"case",                  "above below value"},
     {"format",                "id"},
@@ -26,7 +26,7 @@ inline constexpr GrammarRow kGrammar[] = {
     {"location",              "id part method value target"},
     {"labelFrame",            "id"},
     {"label",                 "id style"},
-    {"text",                  ""},
+    {"text",                  "lookup"},
     // the graph
     {"graph",                 "id"},
     {"dimension",             "name scale"},

@@ -85,6 +85,7 @@ struct SourceVariable {
     std::string fLabelsFrom;  ///< id of the variable whose relabels and format this one shares
     int fDecimals = -1;       ///< digits of its numbers where no format was set; -1: as they are
     bool fCategorical = false;
+    bool fHoldsLabels = false;  ///< its texts show as they are; only its numbers have labels
 };
 
 struct Relabel {

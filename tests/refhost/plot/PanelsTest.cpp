@@ -14,14 +14,14 @@ constexpr const char* kLongName =
 SampleChart Facets(const std::vector<std::string>& names)
 {
     SampleChart sample(Template("NPARRelatedSamplesHistogram"));
-    std::vector<double> ones(names.size(), 1.0);
-    std::vector<std::string> types, more;
+    std::vector<double> ones(names.size(), 1.0), types;
+    std::vector<std::string> more;
     for (std::size_t at = 0; at < names.size(); ++at) {
-        types.push_back(std::to_string(at));
+        types.push_back(static_cast<double>(at));
         more.push_back("Mean Rank = 2");
-        sample.Set("types").fRelabels[types.back()] = names[at];
+        sample.Set("types").fRelabels[std::to_string(at)] = names[at];
     }
-    sample.Numbers("COUNTS", ones).Numbers("MEANS", ones).Texts("TYPES", types);
+    sample.Numbers("COUNTS", ones).Numbers("MEANS", ones).Numbers("TYPES", types);
     sample.Texts("LABELNAME", more);
     return sample;
 }

@@ -131,18 +131,27 @@ TEST(ResolveChart, KeepsCategoriesOfOneLabelApartAndInTheirOrder)
     EXPECT_EQ(chart->fLegends[0].fEntries[0].fKey, "No");
 }
 
-TEST(ResolveChart, TakesATextThatIsALabelForNoKey)
+TEST(ResolveChart, RelabelsTextsUnlessTheTemplateSaysThatTheyAreLabels)
 {
-    SampleChart sample(Template("NPARStackedBar"));
-    sample.Texts("categories", {"1", "2", "0"}).Texts("type", {"a", "a", "a"});
-    sample.Numbers("value", {40, 60, 50});
-    sample.Set("categories").fRelabels = {{"0", "1"}, {"1", "2"}};
-    const auto chart = sample.Resolve();
-    ASSERT_TRUE(chart);
-    std::string labels;
-    for (const auto& category : chart->fPlots[0].fX.fCategories)
-        labels += category.fLabel + ";";
-    EXPECT_EQ(labels, "1;2;1;") << "the third is a key";
+    struct Row {
+        const char* fAttribute;
+        const char* fLabels;
+    };
+    for (const Row& row : {Row{"", "2;1;"}, Row{" holdsLabels=\"true\"", "1;2;"}}) {
+        SCOPED_TRACE(row.fAttribute);
+        SampleChart sample(Template("NPARStackedBar"));
+        const std::string column = "column=\"categories\"";
+        sample.Replace(column, column + row.fAttribute);
+        sample.Texts("categories", {"1", "2"}).Texts("type", {"a", "a"});
+        sample.Numbers("value", {40, 60});
+        sample.Set("categories").fRelabels = {{"1", "2"}, {"2", "1"}};
+        const auto chart = sample.Resolve();
+        ASSERT_TRUE(chart);
+        std::string labels;
+        for (const auto& category : chart->fPlots[0].fX.fCategories)
+            labels += category.fLabel + ";";
+        EXPECT_EQ(labels, row.fLabels);
+    }
 }
 
 TEST(ResolveChart, MirrorsTwoGroupsOnOneCountRange)
