@@ -57,10 +57,8 @@ class Jobs(Case):
             ("many splits", self.forty_splits, 0, (None, 2, 3, 7, 1000)),
             ("splits of many megabytes among small ones", lambda: self.write_job([document(), large] * 3), 0, (2, 7)),
             ("an unreadable split", lambda: self.forty_splits(at_17="<StatXML>"), 1, (2, 7)),
-            ("no document", lambda: self.forty_splits(at_17=None), 1, (3,)),
             ("a broken invariant", lambda: self.forty_splits(at_17=broken), 3, (2, 7)),
             ("several that fail", lambda: self.forty_splits(at_17=broken, at_18="", at_19=""), 3, (3,)),
-            ("the first fails", lambda: self.forty_splits(at_0="", at_1=broken), 1, (3,)),
             ("the last fails", lambda: self.forty_splits(at_39=""), 1, (3,)),
             ("splits without tests", lambda: self.write_job([document(tests="")] * 5), 0, (3,)),
         ]
