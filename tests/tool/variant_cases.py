@@ -119,6 +119,7 @@ GROUPS = [
     ("the grand median has two decimals without a variable", SPRAYS, "IMedian", {"variable:count": None},
      '+<lineGuide y="7.00"/>', "+Grand Median = 7.00", "+yAxisText", "+Unknown Variable", "+Continuous Field",
      "+N = 72", "+<text>", "+</", "-heading", "-XGraph", "-XVariable"),
+    ("each role has its own group and size", TEETH, "IMoses", {"Group1/N": "7"}, "+1 Experimental Group\\nN = 7"),
     ("one group: a colour, no roles", TEETH, "IMoses", {"Group1": None}, "-ViZDerivedVariable.addFormat",
      "-ViZFormat.addRelabel", "-Category=1"),
     ("nothing to colour by", TEETH, "IMoses",
