@@ -1,13 +1,13 @@
 #include "OutputTest.h"
 
 #include <algorithm>
+#include <map>
 
 #include "output/ConditionKeys.h"
 
-namespace {
+#include "support/Cases.h"
 
-constexpr double kFirst = 0;
-constexpr double kSecond = 1;
+namespace {
 
 class NullHypothesis : public OutputTest {
 protected:
@@ -15,11 +15,7 @@ protected:
     std::string Cell(TestKind testKind, const std::string& key, const Parameters& parameters,
                      const std::vector<std::string>& texts = {})
     {
-        return CellOf(Add(testKind, key, parameters), texts);
-    }
-
-    std::string CellOf(Test& test, const std::vector<std::string>& texts = {})
-    {
+        Test& test = Add(testKind, key, parameters);
         test.fValsNotInCategories = texts;
         OutputRecorder recorder(fSource.get());
         NOPROutput output(&recorder.Procedure(), &recorder.Procedure(), fSource.get(), &fStats);
@@ -33,13 +29,6 @@ protected:
     }
 };
 
-/// How the places of a key read, written down apart from the table of keys.
-struct KeyRow {
-    TestKind kind;
-    const char* key;
-    const char* parts;
-};
-
 // Parameter 0 is weight (field 0), 1 is 1, 2 is 2 and so on, so that as field 1 is feed, as value
 // index 1 is 20 and 2 is 30.
 constexpr char kField[] = "<weight>";
@@ -47,93 +36,60 @@ constexpr char kTwoFields[] = "<weight>; <feed>";
 constexpr char kFieldList[] = "[<weight>]";
 constexpr char kCutPoint[] = "<weight>; <weight>=1";
 
-constexpr KeyRow kKeys[] = {
-    {1, "DefaultEqualProbabilities_O_ChiSquare_1", kField},
-    {1, "UserSpecifiesProbabilities_O_ChiSquare_1", kField},
-    {2, "ACutPointIsSpecified_O_Binomial_4",
-     "<weight>; <weight>=1; 2:Significance; 3:Significance"},
-    {2, "ABinaryTestVariableIsSpecified_O_Binomial_5",
-     "<weight>; <weight>=20; <weight>=30; 3:Significance; 4:Significance"},
-    {2, "CategoryListsAreSpecified_O_Binomial_5",
-     "<weight>; [<weight>=20]; [<weight>=30]; 3:Significance; 4:Significance"},
-    {3, "ABinaryTestVariableIsSpecified_O_Runs_3", "<weight>; <weight>=20; <weight>=30"},
-    {3, "CategoryListsAreSpecified_O_Runs_3", "<weight>; [<weight>=20]; [<weight>=30]"},
-    {3, "ACutPointIsSpecified_O_Runs_2", kCutPoint},
-    {4, "O_WilcoxonSignedRanks_2", kCutPoint},
-    {5, "ACutPointIsSpecified_O_Binomial_2", "<weight>; 1:Significance"},
-    {5, "ABinaryTestVariableIsSpecified_O_Binomial_2", "<weight>; <weight>=20"},
-    {5, "CategoryListsAreSpecified_O_Binomial_2", "<weight>; [<weight>=20]"},
-    {6, "UniformDistribution_O_KolmogorovSmirnov_3", "<weight>; <weight>=1; <weight>=2"},
-    {6, "NormalDistribution_O_KolmogorovSmirnov_3", "<weight>; <weight>=1; 2:StdDev"},
-    {6, "PoissonDistribution_O_KolmogorovSmirnov_2", kCutPoint},
-    {6, "ExponentialDistribution_O_KolmogorovSmirnov_2", kCutPoint},
-    {11, "R_Sign_2", kTwoFields},
-    {12, "R_WilcoxonSignedRanks_2", kTwoFields},
-    {13, "DefaultAllDistinctValuesUsed_R_CochransQ_1", kFieldList},
-    {13, "CategoryListsAreSpecified_R_CochransQ_1", kFieldList},
-    {14, "CategoryListsAreSpecified_R_McNemar_2", kTwoFields},
-    {14, "AllDistinctValuesUsed_R_McNemar_2", kTwoFields},
-    {15, "R_FriedmansTwoWayByRanks_1", kFieldList},
-    {16, "R_KendallsCoefficient_1", kFieldList},
-    {17, "AllDistinctValuesUsed_R_MarginalHomogeneity_2", kTwoFields},
-    {18, "R_HodgesLehman_2", kTwoFields},
-    {19, "AllDistinctValuesUsed_I_HodgesLehman_2", kTwoFields},
-    {19, "CategoryListsAreSpecified_I_HodgesLehman_2", kTwoFields},
-    {20, "DefaultAllDistinctValuesUsed_I_Moses_2", kTwoFields},
-    {20, "CategoryListsAreSpecified_I_Moses_2", kTwoFields},
-    {21, "DefaultAllDistinctValuesUsed_I_MannWhitneyU_2", kTwoFields},
-    {21, "CategoryListsAreSpecified_I_MannWhitneyU_2", kTwoFields},
-    {22, "DefaultAllDistinctValuesUsed_I_WaldWolfowitzRuns_2", kTwoFields},
-    {22, "CategoryListsAreSpecified_I_WaldWolfowitzRuns_2", kTwoFields},
-    {23, "DefaultAllDistinctValuesUsed_I_KolmogorovSmirnov_2", kTwoFields},
-    {23, "CategoryListsAreSpecified_I_KolmogorovSmirnov_2", kTwoFields},
-    {24, "DefaultAllDistinctValuesUsed_I_KruskalWallis_2", kTwoFields},
-    {24, "CategoryListsAreSpecified_I_KruskalWallis_2", kTwoFields},
-    {25, "DefaultAllDistinctValuesUsed_I_JonckheereTerpstra_2", kTwoFields},
-    {25, "CategoryListsAreSpecified_I_JonckheereTerpstra_2", kTwoFields},
-    {26, "DefaultAllDistinctValuesUsed_I_Median_2", kTwoFields},
-    {26, "CategoryListsAreSpecified_I_Median_2", kTwoFields},
+/// How the places of a key of one sample read, written down apart from the table of keys.
+// clang-format off
+const std::map<std::pair<TestKind, std::string>, std::string> kOneSample = {
+    {{1, "DefaultEqualProbabilities_O_ChiSquare_1"}, kField},
+    {{1, "UserSpecifiesProbabilities_O_ChiSquare_1"}, kField},
+    {{2, "ACutPointIsSpecified_O_Binomial_4"}, "<weight>; <weight>=1; 2:Significance; 3:Significance"},
+    {{2, "ABinaryTestVariableIsSpecified_O_Binomial_5"}, "<weight>; <weight>=20; <weight>=30; 3:Significance; 4:Significance"},
+    {{2, "CategoryListsAreSpecified_O_Binomial_5"}, "<weight>; [<weight>=20]; [<weight>=30]; 3:Significance; 4:Significance"},
+    {{3, "ABinaryTestVariableIsSpecified_O_Runs_3"}, "<weight>; <weight>=20; <weight>=30"},
+    {{3, "CategoryListsAreSpecified_O_Runs_3"}, "<weight>; [<weight>=20]; [<weight>=30]"},
+    {{3, "ACutPointIsSpecified_O_Runs_2"}, kCutPoint},
+    {{4, "O_WilcoxonSignedRanks_2"}, kCutPoint},
+    {{5, "ACutPointIsSpecified_O_Binomial_2"}, "<weight>; 1:Significance"},
+    {{5, "ABinaryTestVariableIsSpecified_O_Binomial_2"}, "<weight>; <weight>=20"},
+    {{5, "CategoryListsAreSpecified_O_Binomial_2"}, "<weight>; [<weight>=20]"},
+    {{6, "UniformDistribution_O_KolmogorovSmirnov_3"}, "<weight>; <weight>=1; <weight>=2"},
+    {{6, "NormalDistribution_O_KolmogorovSmirnov_3"}, "<weight>; <weight>=1; 2:StdDev"},
+    {{6, "PoissonDistribution_O_KolmogorovSmirnov_2"}, kCutPoint},
+    {{6, "ExponentialDistribution_O_KolmogorovSmirnov_2"}, kCutPoint},
 };
+// clang-format on
 
 TEST_F(NullHypothesis, FillsThePlacesOfEachKey)
 {
-    EXPECT_EQ(ConditionKeys().size(), std::size(kKeys));
-    for (const KeyRow& row : kKeys) {
-        SCOPED_TRACE(row.key);
-        const std::string key = row.key;
+    std::size_t ofOneSample = 0;
+    for (const ConditionKey& row : ConditionKeys()) {
+        const std::string key(row.fKey);
+        SCOPED_TRACE(key);
         Parameters parameters;
         for (int p = 0; p < key.back() - '0'; ++p)
             parameters.push_back({static_cast<double>(p)});
-        EXPECT_EQ(Cell(row.kind, key, parameters), "@" + key + "(" + row.parts + ")");
-    }
-}
-
-TEST_F(NullHypothesis, KnowsAKeyOnlyUnderItsOwnKind)
-{
-    for (const ConditionKey& row : ConditionKeys()) {
-        for (const auto& test : TestKinds()) {
-            const bool known = FindConditionKey(test.fKind, row.fKey) != nullptr;
-            EXPECT_EQ(known, test.fKind == row.fKind) << test.fKind << " " << row.fKey;
+        std::string parts = key.ends_with("_1") ? kFieldList : kTwoFields;
+        if (const auto found = kOneSample.find({row.fKind, key}); found != kOneSample.end()) {
+            parts = found->second;
+            ++ofOneSample;
         }
+        EXPECT_EQ(Cell(row.fKind, key, parameters), "@" + key + "(" + parts + ")");
     }
+    EXPECT_EQ(ofOneSample, kOneSample.size());
+    EXPECT_EQ(ConditionKeys().size(), 42U);
 }
 
 TEST_F(NullHypothesis, NamesAnUnknownKey)
 {
-    struct Row {
-        TestKind kind;
-        const char* key;
-        const char* why;
-    };
-    for (const Row& row :
-         {Row{2, "ACutPointIsSpecified_O_Binomial_2", "a key of kind 5"},
-          Row{2, "ACutPointIsSpecified_O_Binomial_3", "another number of places"},
-          Row{2, "acutpointisspecified_O_Binomial_4", "case counts"}, Row{2, "", "no key"},
-          Row{11, "R_Sign_2 ", "a blank makes another key"}}) {
-        SCOPED_TRACE(row.why);
-        EXPECT_EQ(Cell(row.kind, row.key, {}),
-                  "'Unknown Condition Key: " + std::string(row.key) + "'");
-    }
+    const std::string unknown = "'Unknown Condition Key: ";
+    // clang-format off
+    ExpectEach<std::tuple<TestKind, std::string>, std::string>({
+        {{2, "ACutPointIsSpecified_O_Binomial_2"}, unknown + "ACutPointIsSpecified_O_Binomial_2'", "a key of kind 5"},
+        {{2, "ACutPointIsSpecified_O_Binomial_3"}, unknown + "ACutPointIsSpecified_O_Binomial_3'", "another number of places"},
+        {{2, "acutpointisspecified_O_Binomial_4"}, unknown + "acutpointisspecified_O_Binomial_4'", "case counts"},
+        {{2, ""}, unknown + "'", "no key"},
+        {{11, "R_Sign_2 "}, unknown + "R_Sign_2 '", "a blank makes another key"},
+    }, [&](TestKind kind, const std::string& key) { return Cell(kind, key, {}); });
+    // clang-format on
 }
 
 TEST_F(NullHypothesis, BreaksOnAnotherNumberOfParameters)
@@ -150,100 +106,47 @@ TEST_F(NullHypothesis, BreaksOnAnotherNumberOfParameters)
 
 TEST_F(NullHypothesis, ShowsListsOfFields)
 {
-    struct Row {
-        TestKind kind;
-        const char* key;
-        Parameters parameters;
-        const char* parts;
-        const char* why;
+    const auto cochran = [&](const std::vector<double>& fields) {
+        return Cell(13, "CategoryListsAreSpecified_R_CochransQ_1", {fields});
     };
-    const char* cochran = "CategoryListsAreSpecified_R_CochransQ_1";
-    const char* sign = "R_Sign_2";
-    for (const Row& row :
-         {Row{13, cochran, {{kWeight, kFeed, kDay}}, "[<weight>, <feed>, <day>]", "in order"},
-          Row{13, cochran, {{}}, "[' ']", "an empty list is a blank"},
-          Row{13,
-              cochran,
-              {{kFeed, kGone, kDay}},
-              "[<feed>, 'Unknown Variable']",
-              "a field without a variable ends the list"},
-          Row{11, sign, {{kNoField}, {kFeed}}, "'Unknown Variable'; <feed>", "no such field"},
-          Row{11, sign, {{-1}, {kFeed}}, "'Unknown Variable'; <feed>", "a negative index"},
-          Row{11,
-              sign,
-              {{1e300}, {-1e300}},
-              "'Unknown Variable'; 'Unknown Variable'",
-              "indices beyond integers"},
-          Row{11,
-              sign,
-              {{}, {1.9}},
-              "' '; <feed>",
-              "an empty parameter keeps its place; indices are cut"}}) {
-        SCOPED_TRACE(row.why);
-        EXPECT_EQ(Cell(row.kind, row.key, row.parameters),
-                  "@" + std::string(row.key) + "(" + row.parts + ")");
-    }
+    // clang-format off
+    ExpectEach<std::vector<double>, std::string>({
+        {{kWeight, kFeed, kDay}, "@CategoryListsAreSpecified_R_CochransQ_1([<weight>, <feed>, <day>])", "in order"},
+        {{}, "@CategoryListsAreSpecified_R_CochransQ_1([' '])", "an empty list is a blank"},
+        {{kFeed, kGone, kDay}, "@CategoryListsAreSpecified_R_CochransQ_1([<feed>, 'Unknown Variable'])", "a field without a variable ends the list"},
+    }, cochran);
+    ExpectEach<Parameters, std::string>({
+        {{{kNoField}, {kFeed}}, "@R_Sign_2('Unknown Variable'; <feed>)", "no such field"},
+        {{{-1}, {kFeed}}, "@R_Sign_2('Unknown Variable'; <feed>)", "a negative index"},
+        {{{1e300}, {-1e300}}, "@R_Sign_2('Unknown Variable'; 'Unknown Variable')", "indices beyond integers"},
+        {{{}, {1.9}}, "@R_Sign_2(' '; <feed>)", "an empty parameter keeps its place; indices are cut"},
+    }, [&](const Parameters& fields) { return Cell(11, "R_Sign_2", fields); });
+    // clang-format on
 }
 
 TEST_F(NullHypothesis, ShowsValuesOfTheField)
 {
-    struct Row {
-        Parameters parameters;
-        std::vector<std::string> texts;
-        const char* parts;
-        const char* why;
+    const auto parts = [&](const Parameters& parameters, const std::vector<std::string>& texts) {
+        const std::string key = "CategoryListsAreSpecified_O_Binomial_5";
+        const std::string cell = Cell(2, key, parameters, texts);
+        return cell.starts_with("@" + key) ? cell.substr(1 + key.size()) : cell;
     };
-    const Parameters::value_type missing = {MissingValue};
-    for (const Row& row :
-         {Row{{{kFeed}, {0, 2}, {kSecond}, {0.4}, {}},
-              {},
-              "<feed>; [<feed>=1, <feed>=3]; [<feed>=2]; 0.4:Significance; ' '",
-              "in order"},
-          Row{{{kWeight}, missing, {}, {1}, {1}},
-              {},
-              "<weight>; [<weight>=missing]; [' ']; 1:Significance; 1:Significance",
-              "the missing value of a numeric field, and an empty list"},
-          Row{{{kCity}, missing, {kFirst}, {1}, {1}},
-              {},
-              "<city>; [<city>=' ']; [<city>='Rome    ']; 1:Significance; 1:Significance",
-              "the blank value of a string field"},
-          Row{{{kFeed}, {7, 0, -1, 8, 1}, {9}, {1}, {1}},
-              {"x", "y"},
-              "<feed>; ['x', <feed>=1, 'y', 'Unknown Variable']; ['x']; 1:Significance; "
-              "1:Significance",
-              "texts in turn, from the first in each place; without one the list stops"},
-          Row{{{kGone}, {0}, {0}, {1}, {1}},
-              {"x"},
-              "'Unknown Variable'; ['Unknown Variable']; ['Unknown Variable']; 1:Significance; "
-              "1:Significance",
-              "a field without a variable"},
-          Row{{{kNoField}, {0}, {}, {1}, {1}},
-              {},
-              "'Unknown Variable'; ['Unknown Variable']; ['Unknown Variable']; 1:Significance; "
-              "1:Significance",
-              "no such field"},
-          Row{{{kFeed, kFeed}, {0}, {0}, {1}, {1}},
-              {},
-              "<feed><feed>; 'Incorrect Parameter Index'; 'Incorrect Parameter Index'; "
-              "1:Significance; 1:Significance",
-              "two fields are none, and there is no list then"},
-          Row{{{-1}, {0}, {0}, {1}, {1}},
-              {},
-              "'Unknown Variable'; 'Incorrect Parameter Index'; 'Incorrect Parameter Index'; "
-              "1:Significance; 1:Significance",
-              "a negative field"},
-          Row{{{}, {0}, {0}, {1}, {1}},
-              {},
-              "' '; 'Incorrect Parameter Index'; 'Incorrect Parameter Index'; 1:Significance; "
-              "1:Significance",
-              "no field"}}) {
-        SCOPED_TRACE(row.why);
-        std::string parts = row.parts;
-        const auto twoFields = parts.find("><");
-        if (twoFields != std::string::npos) parts.replace(twoFields, 2, ">; <");
-        EXPECT_EQ(Cell(2, "CategoryListsAreSpecified_O_Binomial_5", row.parameters, row.texts),
-                  "@CategoryListsAreSpecified_O_Binomial_5(" + parts + ")");
-    }
+    const std::vector<double> missing = {MissingValue};
+    const std::vector<double> one = {1};
+    const std::string ones = "1:Significance; 1:Significance)";
+    // clang-format off
+    ExpectEach<std::tuple<Parameters, std::vector<std::string>>, std::string>({
+        {{{{kFeed}, {0, 2}, {1}, {0.4}, {}}, {}}, "(<feed>; [<feed>=1, <feed>=3]; [<feed>=2]; 0.4:Significance; ' ')", "in order"},
+        {{{{kWeight}, missing, {}, one, one}, {}}, "(<weight>; [<weight>=missing]; [' ']; " + ones, "the missing value of a numeric field, and an empty list"},
+        {{{{kCity}, missing, {0}, one, one}, {}}, "(<city>; [<city>=' ']; [<city>='Rome    ']; " + ones, "the blank value of a string field"},
+        {{{{kFeed}, {7, 0, -1, 8, 1}, {9}, one, one}, {"x", "y"}}, "(<feed>; ['x', <feed>=1, 'y', 'Unknown Variable']; ['x']; " + ones, "texts in turn, from the first in each place; without one the list stops"},
+        {{{{kGone}, {0}, {0}, one, one}, {"x"}}, "('Unknown Variable'; ['Unknown Variable']; ['Unknown Variable']; " + ones, "a field without a variable"},
+        {{{{kNoField}, {0}, {}, one, one}, {}}, "('Unknown Variable'; ['Unknown Variable']; ['Unknown Variable']; " + ones, "no such field"},
+        {{{{kFeed, kFeed}, {0}, {0}, one, one}, {}}, "(<feed>; <feed>; 'Incorrect Parameter Index'; 'Incorrect Parameter Index'; " + ones, "two fields are none, and there is no list then"},
+        {{{{-1}, {0}, {0}, one, one}, {}}, "('Unknown Variable'; 'Incorrect Parameter Index'; 'Incorrect Parameter Index'; " + ones, "a negative field"},
+        {{{{}, {0}, {0}, one, one}, {}}, "(' '; 'Incorrect Parameter Index'; 'Incorrect Parameter Index'; " + ones, "no field"},
+    }, parts);
+    // clang-format on
 }
 
 TEST_F(NullHypothesis, TakesNoTextsForPlainIndices)
@@ -255,24 +158,15 @@ TEST_F(NullHypothesis, TakesNoTextsForPlainIndices)
 
 TEST_F(NullHypothesis, ShowsNumbersInTheFormatOfTheTestField)
 {
-    struct Row {
-        int field;
-        const char* parts;
-        const char* why;
-    };
-    for (const Row& row :
-         {Row{kWeight, "<weight>; <weight>=1; 2:StdDev", "a number"},
-          Row{kDay, "<day>; <day>=12219465600; 172800:StdDev", "days become the host's seconds"},
-          Row{kCity, "<city>; 1:Significance; 2:StdDev", "a string field has no number format"},
-          Row{kGone, "'Unknown Variable'; 1:Significance; 2:Significance", "no variable"}}) {
-        SCOPED_TRACE(row.why);
-        EXPECT_EQ(Cell(6, "NormalDistribution_O_KolmogorovSmirnov_3",
-                       {{static_cast<double>(row.field)}, {1}, {2}}),
-                  "@NormalDistribution_O_KolmogorovSmirnov_3(" + std::string(row.parts) + ")");
-    }
-    EXPECT_EQ(Cell(6, "NormalDistribution_O_KolmogorovSmirnov_3", {{kWeight}, {1}, {}}),
-              "@NormalDistribution_O_KolmogorovSmirnov_3(<weight>; <weight>=1; ' ')")
-        << "without a value the place is a blank";
+    // clang-format off
+    ExpectEach<Parameters, std::string>({
+        {{{kWeight}, {1}, {2}}, "@NormalDistribution_O_KolmogorovSmirnov_3(<weight>; <weight>=1; 2:StdDev)", "a number"},
+        {{{kDay}, {1}, {2}}, "@NormalDistribution_O_KolmogorovSmirnov_3(<day>; <day>=12219465600; 172800:StdDev)", "days become the host's seconds"},
+        {{{kCity}, {1}, {2}}, "@NormalDistribution_O_KolmogorovSmirnov_3(<city>; 1:Significance; 2:StdDev)", "a string field has no number format"},
+        {{{kGone}, {1}, {2}}, "@NormalDistribution_O_KolmogorovSmirnov_3('Unknown Variable'; 1:Significance; 2:Significance)", "no variable"},
+        {{{kWeight}, {1}, {}}, "@NormalDistribution_O_KolmogorovSmirnov_3(<weight>; <weight>=1; ' ')", "without a value the place is a blank"},
+    }, [&](const Parameters& parameters) { return Cell(6, "NormalDistribution_O_KolmogorovSmirnov_3", parameters); });
+    // clang-format on
 }
 
 TEST_F(NullHypothesis, ScalesTheStandardDeviationOfDays)
@@ -328,9 +222,7 @@ TEST_F(NullHypothesis, TellsOfAParameterThatIsNotThere)
     output.AddValueIndices(sentence, condition, 0, 1, true);
     output.AddValueIndices(sentence, condition, 1, 0, true);
     sentence.Finish();
-    {
-        fRecorder.Procedure().Heading(sentence);
-    }
+    fRecorder.Procedure().Heading(sentence);
     EXPECT_EQ(fRecorder.Outline(),
               "heading 's'('Incorrect Parameter Index'; 'Incorrect Parameter Index'; 'Incorrect "
               "Parameter Index'; 'Incorrect Parameter Index')\n");
