@@ -94,23 +94,6 @@ protected:
         return Add<Test>(testKind, key, parameters);
     }
 
-    static void AddMessage(Test& test, int code, MessageType type = message::kWarning,
-                           const Parameters& parameters = {}, const std::string& group = {})
-    {
-        Stats::WarningMessage& added = test.fMessages.emplace_back();
-        added.fCode = code;
-        added.fType = type;
-        added.fGroup = group;
-        for (const auto& values : parameters)
-            added.fParameters.push_back({0, values});
-    }
-
-    static void AddBlock(Test& test, const std::string& name,
-                         const std::vector<Stats::NamedValue>& values)
-    {
-        test.fStatistics.push_back({name, values});
-    }
-
     NOPROutput Output()
     {
         BpProcedure& procedure = fRecorder.Procedure();
