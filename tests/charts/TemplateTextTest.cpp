@@ -2,43 +2,36 @@
 
 #include "charts/TemplateText.h"
 
+#include "support/Cases.h"
+
 TEST(ReplaceToken, TakesTheFirstOccurrenceAndInsertsTheTextAsItStands)
 {
-    struct Row {
-        const char* text;
-        const char* replacement;
-        const char* expected;
-        const char* why;
+    const auto replaced = [](std::string text, const char* replacement) {
+        ReplaceToken(text, "T", replacement);
+        return text;
     };
-    for (const Row& row : {Row{"<a>T</a><b>T</b>", "x", "<a>x</a><b>T</b>", "the first only"},
-                           Row{"<a/>", "x", "<a/>", "a template may lack a token"},
-                           Row{"[T]", "R&D <T>", "[R&D <T>]", "labels are not escaped"},
-                           Row{"[T]", "", "[]", "a token can vanish"}}) {
-        SCOPED_TRACE(row.why);
-        std::string text = row.text;
-        ReplaceToken(text, "T", row.replacement);
-        EXPECT_EQ(text, row.expected);
-    }
+    ExpectEach<std::tuple<const char*, const char*>, std::string>(
+        {{{"<a>T</a><b>T</b>", "x"}, "<a>x</a><b>T</b>", "the first only"},
+         {{"<a/>", "x"}, "<a/>", "a template may lack a token"},
+         {{"[T]", "R&D <T>"}, "[R&D <T>]", "labels are not escaped"},
+         {{"[T]", ""}, "[]", "a token can vanish"}},
+        replaced);
 }
 
 TEST(OverwriteBehind, StaysWithinTheText)
 {
-    struct Row {
-        const char* text;
-        const char* expected;
-        const char* why;
-    };
-    for (const Row& row :
-         {Row{"m=\"00\"/>", "m=\"12.5\"/>", "a longer text makes room"},
-          Row{"m=\"0", "m=\"12.5", "the text ends within the placeholder"},
-          Row{"m=\"", "m=\"12.5", "the text ends before the placeholder"},
-          Row{"m=", "m=", "the text ends before the opening quote"}, Row{"", "", "an empty text"},
-          Row{"m=\"00\" m=\"00\"", "m=\"12.5\" m=\"00\"", "the first only"}}) {
-        SCOPED_TRACE(row.why);
-        std::string text = row.text;
+    const auto overwritten = [](std::string text) {
         OverwriteBehind(text, "m=", 3, 2, "12.5");
-        EXPECT_EQ(text, row.expected);
-    }
+        return text;
+    };
+    ExpectEach<const char*, std::string>(
+        {{"m=\"00\"/>", "m=\"12.5\"/>", "a longer text makes room"},
+         {"m=\"0", "m=\"12.5", "the text ends within the placeholder"},
+         {"m=\"", "m=\"12.5", "the text ends before the placeholder"},
+         {"m=", "m=", "the text ends before the opening quote"},
+         {"", "", "an empty text"},
+         {"m=\"00\" m=\"00\"", "m=\"12.5\" m=\"00\"", "the first only"}},
+        overwritten);
 }
 
 TEST(InsertAt, NeedsTheWholeDistance)
@@ -54,21 +47,17 @@ TEST(InsertAt, NeedsTheWholeDistance)
 
 TEST(EraseElement, NeedsBothTagsInOrder)
 {
-    struct Row {
-        const char* text;
-        const char* expected;
-        const char* why;
-    };
-    for (const Row& row :
-         {Row{"1<l>2</l>3</l>", "13</l>", "up to the first closing tag"},
-          Row{"1<l>2", "1<l>2", "no closing tag"}, Row{"1</l>2", "1</l>2", "no opening tag"},
-          Row{"</l>1<l>2</l>3", "</l>13", "a closing tag before the opening one"},
-          Row{"</l>1<l>2", "</l>1<l>2", "none behind the opening one"}}) {
-        SCOPED_TRACE(row.why);
-        std::string text = row.text;
+    const auto erased = [](std::string text) {
         EraseElement(text, "<l>", "</l>");
-        EXPECT_EQ(text, row.expected);
-    }
+        return text;
+    };
+    ExpectEach<const char*, std::string>(
+        {{"1<l>2</l>3</l>", "13</l>", "up to the first closing tag"},
+         {"1<l>2", "1<l>2", "no closing tag"},
+         {"1</l>2", "1</l>2", "no opening tag"},
+         {"</l>1<l>2</l>3", "</l>13", "a closing tag before the opening one"},
+         {"</l>1<l>2", "</l>1<l>2", "none behind the opening one"}},
+        erased);
 }
 
 TEST(TrimBlanks, RemovesBlanksOnlyAndOnlyAtTheEnds)
