@@ -7,7 +7,6 @@
 #include "refhost/document/HostRun.h"
 #include "refhost/template/ChartDrawing.h"
 #include "support/CollectedOutput.h"
-#include "support/ViewRecorder.h"
 
 #include "host/chart/ChartString.h"
 #include "host/chart/VarDataProcessor.h"
@@ -18,9 +17,7 @@
 #include "host/data/QORT_DataSource.h"
 #include "host/data/QORT_Variable.h"
 
-using refhost::ChartDrawing;
 using refhost::ChartNode;
-using Lines = std::vector<std::string>;
 
 namespace {
 
@@ -36,70 +33,17 @@ const ChartNode& Sent(CollectedOutput& output, XDocument& document)
     return *output.All<ChartNode>().back();
 }
 
-/// The lines of `calls` behind the first.
-Lines Behind(const Lines& calls, std::size_t first)
-{
-    return {calls.begin() + static_cast<std::ptrdiff_t>(first), calls.end()};
-}
-
-struct HostVariables {
-    std::unique_ptr<ProcedureDataSource> fSource;
-    explicit HostVariables(refhost::VariableData variable)
-    {
-        std::vector<refhost::VariableData> variables;
-        variables.push_back(std::move(variable));
-        fSource = refhost::MakeDataSource(std::move(variables));
-    }
-};
-
 }  // namespace
-
-TEST(ChartDocument, RecordsEveryCallInOrderWithItsArguments)
-{
-    CollectedOutput output;
-    XDocument document(kTemplate);
-    document.setEditor(2);
-    document.setLanguage();
-    XGraph& graph = document.getExternalGraph();
-    graph.setTitle(u"T\u00FC");
-    XVariable variable = graph.getVariable("Category", 0);
-    variable.setQORTVariable(nullptr);
-    variable.addRelabel(u"0", u"Casein");
-    variable.addRelabel(1U, u"yes");
-    const OBS value(2.0);
-    variable.addRelabel(u"2", &value);
-    variable.setCategorical(true);
-    variable.SetNumberFormat(0, false, nullptr, nullptr);
-    variable.SetFormatPrefix(u"p ");
-    graph.setOuterFrameWidth(2.5);
-    const VarDataProcessor data;
-    document.SetChartData(&data);
-    document.SetDescription(u"D");
-    document.applyCTemplate(false);
-    EXPECT_EQ(
-        CallLines(Sent(output, document)),
-        (Lines{"XDocument.setEditor 2", "XDocument.setLanguage", "XDocument.getExternalGraph",
-               "XGraph.setTitle \"T\xC3\xBC\"", "XGraph.getVariable \"Category\"",
-               "XVariable.setQORTVariable \"Category\" null",
-               "XVariable.addRelabel \"Category\" \"0\" \"Casein\"",
-               "XVariable.addRelabel \"Category\" 1 \"yes\"",
-               "XVariable.addRelabel \"Category\" \"2\" {2}",
-               "XVariable.setCategorical \"Category\" true",
-               "XVariable.SetNumberFormat \"Category\" 0 false null null",
-               "XVariable.SetFormatPrefix \"Category\" \"p \"", "XGraph.setOuterFrameWidth 2.5",
-               "XDocument.SetChartData", "XDocument.SetDescription \"D\"",
-               "XDocument.applyCTemplate false", "XDocument.SendChart true false false"}));
-}
 
 TEST(ChartDocument, SettingsReachTheDrawing)
 {
     CollectedOutput output;
     XDocument document(kTemplate);
-    const HostVariables host({"day", "Day", false, {10, 20, 0}, {}});
+    const auto source = refhost::MakeDataSource({{"day", "Day", false, {10, 20, 0}, {}}});
     XGraph& graph = document.getExternalGraph();
     XVariable variable = graph.getVariable("Category", 0);
-    variable.setQORTVariable(host.fSource->GetVariable(0));
-    variable.setFormatBasedOnQORTVariable(host.fSource->GetVariable(0));
+    variable.setQORTVariable(source->GetVariable(0));
+    variable.setFormatBasedOnQORTVariable(source->GetVariable(0));
     variable.setLabel(u"L");
     variable.addRelabel(u"0", u"first");
     variable.addRelabel(0U, u"second");
@@ -125,11 +69,12 @@ TEST(ChartDocument, AVariableThatTheTemplateDoesNotHoldTakesEveryCallAndChangesN
     CollectedOutput output;
     XDocument document(kTemplate);
     XVariable variable = document.getExternalGraph().getVariable("missing", 0);
+    variable.setQORTVariable(nullptr);
     variable.setLabel(u"L");
     variable.addRelabel(u"0", u"zero");
     document.getExternalGraph().getVariable(nullptr, 0).setLabel(u"L");
     const ChartNode& chart = Sent(output, document);
-    EXPECT_EQ(chart.fCalls.size(), 8u);
+    EXPECT_EQ(chart.fCalls.size(), 9u);
     EXPECT_TRUE(chart.fDrawing->fVariables.empty());
 }
 
@@ -211,7 +156,7 @@ TEST(ChartDocument, ASecondChartIsApartFromTheFirst)
     EXPECT_TRUE(charts[1]->fDrawing->fTree.FindStyle("late"));
 }
 
-TEST(ObjectModel, GuidesAndFramesShowInTheTreeAndInTheRecord)
+TEST(ObjectModel, GuidesAndFramesShowInTheTree)
 {
     CollectedOutput output;
     XDocument document(kTemplate);
@@ -235,24 +180,7 @@ TEST(ObjectModel, GuidesAndFramesShowInTheTreeAndInTheRecord)
     label->setStyle(style);
     label->addText()->setText(u"Median\n12.5");
 
-    const ChartNode& chart = Sent(output, document);
-    EXPECT_EQ(
-        Behind(CallLines(chart), 2),
-        (Lines{"ViZVisualization.addStyle \"lineGuide1Style\"",
-               "ViZStyle.setColor \"lineGuide1Style\" \"green\"",
-               "ViZGraph.addLineGuide \"graph1\"", "ViZLineGuide.setX \"lineGuide1\" \"12.5\"",
-               "ViZLineGuide.setStyle \"lineGuide1\" \"lineGuide1Style\"",
-               "ViZGraph.addLocation \"graph1\"", "ViZLocation.setPart \"location1\" 2",
-               "ViZLocation.setValue \"location1\" \"15%\"",
-               "ViZLocation.setSpecifiedByUser \"location1\" true",
-               "ViZVisualization.addLabelFrame \"frame\"", "ViZLabelFrame.addLocation \"frame\"",
-               "ViZLocation.setPart \"location2\" 0", "ViZLocation.setMethod \"location2\" 3",
-               "ViZLocation.setTarget \"location2\" \"graph1\"", "ViZLabelFrame.addLabel \"frame\"",
-               "ViZLabel.setStyle \"label1\" \"lineGuide1Style\"", "ViZLabel.addText \"label1\"",
-               "ViZText.setText \"text1\" \"Median\n12.5\"",
-               "XDocument.SendChart true false false"}));
-
-    const auto& tree = chart.fDrawing->fTree;
+    const auto& tree = Sent(output, document).fDrawing->fTree;
     const auto& drawn = tree.fGraphs.front();
     EXPECT_EQ(drawn.fLineGuides.front().Place(), 12.5);
     EXPECT_EQ(tree.FindStyle(drawn.fLineGuides.front().fStyle)->fColor, "green");
@@ -269,8 +197,7 @@ TEST(ObjectModel, ColoursByADerivedVariableAndAddsItsLegend)
     ViZVisualization& visualization = document.getVisualization();
     const auto variables = visualization.getSourceVariables();
     ASSERT_EQ(variables.size(), 2u);
-    EXPECT_EQ(std::u16string(variables[0]->getId()), u"Category");
-    EXPECT_EQ(std::u16string(variables[1]->getId()), u"");
+    EXPECT_EQ(std::u16string(variables[1]->getId()), u"") << "a template may leave it out";
     ViZGraph* const graph = visualization.getGraphs().front();
     ASSERT_EQ(graph->getSchemas().size(), 1u);
     ViZSchema* const schema = graph->getSchemas().front();
@@ -286,19 +213,15 @@ TEST(ObjectModel, ColoursByADerivedVariableAndAddsItsLegend)
     visualization.addExtension()->setLegend1(legend);
     derived->addFormat()->addRelabel(u"1", u"Control\n10");
 
-    const ChartNode& chart = Sent(output, document);
-    const auto& tree = chart.fDrawing->fTree;
+    const auto& tree = Sent(output, document).fDrawing->fTree;
     const auto& element = tree.fGraphs.front().fElements.front();
     EXPECT_EQ(element.fLabelings.front().fVariable, "Category");
     EXPECT_EQ(element.fColors.front().fVariable, "Category_Derived");
-    EXPECT_EQ(tree.fExtension->fLegends, Lines{"legend1"});
+    EXPECT_EQ(tree.fExtension->fLegends, std::vector<std::string>{"legend1"});
     EXPECT_EQ(tree.fLegends.front().fTargets.front().fTarget, "group colour");
     ASSERT_TRUE(tree.FindDerivedVariable("Category_Derived"));
     EXPECT_EQ(tree.FindDerivedVariable("Category_Derived")->fFormats.front().fRelabels[0].fTo,
               "Control\n10");
-    const Lines calls = CallLines(chart);
-    EXPECT_NE(std::find(calls.begin(), calls.end(), "ViZColor.setId \"color1\" \"group colour\""),
-              calls.end());
 }
 
 TEST(ObjectModel, HasASubtitleWhereTheChartHasOne)

@@ -2,27 +2,23 @@
 
 #include <gtest/gtest.h>
 
+#include "support/Cases.h"
+
 TEST(ChartString, ReplacesEveryOccurrenceAndNothingForNothing)
 {
-    struct Row {
-        const char* text;
-        const char* from;
-        const char* to;
-        const char* result;
+    const auto replaced = [](const char* given, const char* from, const char* to) {
+        ChartString text(given);
+        text.replaceSubstring(from, to);
+        return text.toUTF8();
     };
-    // clang-format off
-    for (const Row& row : {Row{"a\\nb\\n", "\\n", "\n", "a\nb\n"},
-                           Row{"aaa", "aa", "a", "aa"},
-                           Row{"x", "x", "xx", "xx"},
-                           Row{"abc", "", "z", "abc"},
-                           Row{"abc", "d", "z", "abc"},
-                           Row{"N = ^1", "^1", "", "N = "}}) {
-        // clang-format on
-        SCOPED_TRACE(row.text);
-        ChartString text(row.text);
-        text.replaceSubstring(row.from, row.to);
-        EXPECT_EQ(text.toUTF8(), row.result);
-    }
+    ExpectEach<std::tuple<const char*, const char*, const char*>, std::string>(
+        {{{"a\\nb\\n", "\\n", "\n"}, "a\nb\n"},
+         {{"aaa", "aa", "a"}, "aa"},
+         {{"x", "x", "xx"}, "xx"},
+         {{"abc", "", "z"}, "abc"},
+         {{"abc", "d", "z"}, "abc"},
+         {{"N = ^1", "^1", ""}, "N = "}},
+        replaced);
 }
 
 TEST(ChartString, KeepsWellFormedTextAndReplacesWhatIsNot)
