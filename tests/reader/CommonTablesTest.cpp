@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "support/Cases.h"
 #include "support/DocumentBuilder.h"
 #include "support/Reading.h"
 
@@ -53,14 +54,6 @@ TEST(ReadCondition, MarksOrdinalFieldsForTheWholeSplit)
                 ElementsAre(2, 0, -1, 3, std::numeric_limits<int>::max()));
 }
 
-TEST(ReadCondition, AppendsParametersWhenItIsReadTwice)
-{
-    const Reading reading(ChiSquare({Condition("first", {{1}}), Condition("second", {{2}})}));
-    const Stats::ConditionData& condition = reading.fStats.GetTest(0U)->fCondition;
-    EXPECT_EQ(condition.fConditionKey, "second");
-    EXPECT_EQ(condition.fParameters.size(), 2U);
-}
-
 TEST(ReadMessages, TakesOneMessageForEachNestedTable)
 {
     const Reading reading(
@@ -82,13 +75,8 @@ TEST(ReadMessages, TakesOneMessageForEachNestedTable)
 
 TEST(ReadMessages, FailsWhereTheCountIsNotThatOfTheParameters)
 {
-    struct Row {
-        Children attributes;
-        bool read;
-        const char* why;
-    };
     // clang-format off
-    const Row rows[] = {
+    ExpectEach<Children, bool>({
         {{}, true, "none announced, none there"},
         {{Attribute("%0", "1"), Attribute("paramNum", "1")}, true, "in any order"},
         {{Attribute("%0", "1")}, false, "one that is not announced"},
@@ -96,23 +84,27 @@ TEST(ReadMessages, FailsWhereTheCountIsNotThatOfTheParameters)
         {{Attribute("paramNum", "-1")}, false, "a negative count"},
         {{Attribute("paramNum", "4294967296")}, false, "a count beyond 32 bits"},
         {{Attribute("value", "1"), Element("Attribute")}, false, "an attribute without a name"},
-    };
+    }, [](const Children& attributes) {
+        const Element message = StructuredTable("M", attributes);
+        return Reading(ChiSquare({StructuredTable("WarningMessages", {message})})).fRead;
+    });
     // clang-format on
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.why);
-        const Element messages =
-            StructuredTable("WarningMessages", {StructuredTable("M", row.attributes)});
-        EXPECT_EQ(Reading(ChiSquare({messages})).fRead, row.read);
-    }
 }
 
-TEST(ReadMessages, ResizesItsListWhenItIsReadTwice)
+TEST(ReadAlgorithm, ReadsACommonTableTwice)
 {
-    const Element plain = WarningMessages({{.code = 1}, {.code = 2}});
-    const Reading shorter(ChiSquare({plain, WarningMessages({{.code = 3}})}));
-    ASSERT_TRUE(shorter.fRead);
-    ASSERT_EQ(shorter.fStats.GetTest(0U)->fMessages.size(), 1U);
-    EXPECT_EQ(shorter.fStats.GetTest(0U)->fMessages[0].fCode, 3);
+    const Element messages = WarningMessages({{.code = 1}, {.code = 2}});
+    const Element statistics = Statistics({{"TotalN", 1}});
+    const Reading reading(
+        ChiSquare({Condition("first", {{1}}), messages, statistics, Condition("second", {{2}}),
+                   WarningMessages({{.code = 3}}), statistics}));
+    ASSERT_TRUE(reading.fRead);
+    const auto& test = *reading.fStats.GetTest(0U);
+    EXPECT_EQ(test.fCondition.fConditionKey, "second");
+    EXPECT_EQ(test.fCondition.fParameters.size(), 2U) << "appended";
+    EXPECT_EQ(test.fStatistics.size(), 2U) << "appended";
+    ASSERT_EQ(test.fMessages.size(), 1U) << "the list gets its new size";
+    EXPECT_EQ(test.fMessages[0].fCode, 3);
 
     const Element filled = WarningMessages({{.code = 1, .parameters = {{1}}}});
     EXPECT_FALSE(Reading(ChiSquare({filled, filled})).fRead) << "the parameters are there twice";
@@ -156,29 +148,19 @@ const Stats::HTOKolmogorovSmirnov& TestAt(const Reading& reading, unsigned index
 
 TEST(ReadStatistics, TakesALowerBoundFromItsMark)
 {
-    struct Row {
-        Children children;
-        bool lowerBound;
-        double number;
-        const char* why;
-    };
     // clang-format off
-    const Row rows[] = {
-        {{Attribute("Sig", ">0.2")}, true, 0.2, "the mark is dropped"},
-        {{Attribute("Sig", "0.2")}, false, 0.2, "no mark"},
-        {{Attribute("Sig", " >0.2")}, false, MissingValue, "not the first character"},
-        {{Attribute("Sig", ">")}, true, MissingValue, "nothing behind it"},
-        {{StructuredTable("B", {Attribute("Sig", ">0.2")})}, false, MissingValue, "no mark in a named block"},
-    };
+    ExpectEach<Children, std::pair<bool, double>>({
+        {{Attribute("Sig", ">0.2")}, {true, 0.2}, "the mark is dropped"},
+        {{Attribute("Sig", "0.2")}, {false, 0.2}, "no mark"},
+        {{Attribute("Sig", " >0.2")}, {false, MissingValue}, "not the first character"},
+        {{Attribute("Sig", ">")}, {true, MissingValue}, "nothing behind it"},
+        {{StructuredTable("B", {Attribute("Sig", ">0.2")})}, {false, MissingValue}, "no mark in a named block"},
+    }, [](const Children& children) {
+        const Reading reading = KolmogorovSmirnov({{StructuredTable("StatisticsResult", children)}});
+        const auto& test = TestAt(reading, 0);
+        return std::pair(test.fHasLowerBoundSig, test.fStatistics.at(0).fValues.at(0).fValue);
+    });
     // clang-format on
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.why);
-        const Reading reading =
-            KolmogorovSmirnov({{StructuredTable("StatisticsResult", row.children)}});
-        ASSERT_TRUE(reading.fRead);
-        EXPECT_EQ(TestAt(reading, 0).fHasLowerBoundSig, row.lowerBound);
-        EXPECT_EQ(TestAt(reading, 0).fStatistics.at(0).fValues.at(0).fValue, row.number);
-    }
 }
 
 TEST(FinishTest, CarriesTheFlagsOverTestsWithoutTheirTables)
@@ -200,13 +182,6 @@ TEST(FinishTest, CarriesTheFlagsOverTestsWithoutTheirTables)
     EXPECT_FALSE(TestAt(reading, 3).fHasLowerBoundSig) << "statistics clear it";
     EXPECT_TRUE(TestAt(reading, 3).fIsUseSample);
     EXPECT_FALSE(TestAt(reading, 4).fIsUseSample) << "a condition without the word clears it";
-}
-
-TEST(ReadStatistics, AppendsWhenItIsReadTwice)
-{
-    const Element statistics = Statistics({{"TotalN", 1}});
-    const Reading reading(ChiSquare({statistics, statistics}));
-    EXPECT_EQ(reading.fStats.GetTest(0U)->fStatistics.size(), 2U);
 }
 
 TEST(ReadValsNotInCategories, TakesTheValuesOfAllAttributes)
@@ -239,15 +214,6 @@ TEST(ReadAlgorithm, KeepsWhatCameBeforeAFault)
         {StructuredTable("0", {Attribute("code", "5"), Attribute("paramNum", "0")}), nameless})}));
     ASSERT_EQ(testOf(messages).fMessages.size(), 1U);
     EXPECT_EQ(testOf(messages).fMessages[0].fCode, 5);
-}
-
-TEST(ReadAlgorithm, FailsWithAnyOfItsCommonTables)
-{
-    for (const char* name : {"Condition", "WarningMessages", "StatisticsResult"}) {
-        SCOPED_TRACE(name);
-        EXPECT_FALSE(Reading(ChiSquare({StructuredTable(name, {Element("Attribute")})})).fRead);
-        EXPECT_TRUE(Reading(ChiSquare({StructuredTable(name)})).fRead);
-    }
 }
 
 }  // namespace

@@ -1,15 +1,13 @@
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "host/data/QORT_Variable.h"
 #include "host/framework/CFMetaData.h"
 
+#include "support/Cases.h"
 #include "support/DocumentBuilder.h"
 #include "support/Reading.h"
 
 namespace {
-
-using testing::ElementsAre;
 
 /// Two variables: a number "x" and a string "s" of width 4.
 std::vector<refhost::VariableData> Variables()
@@ -29,18 +27,6 @@ DocumentBuilder TwoFields()
     builder.AddField({.name = "s", .dataType = "string", .values = {{"ab", "first"}, {"c"}}});
     builder.AddField({.name = "x", .values = {{"2.5", "half"}}});
     return builder;
-}
-
-TEST(ReadDataDictionary, MakesARecordForEachFieldButTheLast)
-{
-    const Reading reading(TwoFields().Text(), Variables());
-    ASSERT_TRUE(reading.fRead);
-    ASSERT_NE(reading.fStats.GetMetaData(), nullptr);
-    EXPECT_EQ(reading.fStats.GetMetaData()->FieldCount(), 3);
-    ASSERT_EQ(reading.fStats.GetFieldInfos().size(), 2U);
-    EXPECT_EQ(reading.fStats.GetFieldInfo(2U), nullptr);
-    for (int index = 0; index < 2; ++index)
-        EXPECT_EQ(reading.fStats.GetFieldInfo(static_cast<unsigned>(index))->fFieldIndex, index);
 }
 
 TEST(ReadDataDictionary, LinksFieldsToTheHostsVariablesByName)
@@ -67,54 +53,37 @@ TEST(ReadDataDictionary, LinksFieldsToTheHostsVariablesByName)
 
 TEST(ReadDataDictionary, GivesValuesTheTypeOfTheirStorage)
 {
-    struct Row {
-        const char* dataType;
-        CFDatum::Kind expected;
-        const char* why;
-    };
-    for (const Row& row : {Row{"string", CFDatum::Kind::Text, "text stays text"},
-                           Row{"integer", CFDatum::Kind::Integer, "64 bits"},
-                           Row{"double", CFDatum::Kind::Number, ""},
-                           Row{"date", CFDatum::Kind::Number, "dates are numbers of days"},
-                           Row{"String", CFDatum::Kind::Number, "an unknown type is a number"}}) {
-        SCOPED_TRACE(row.dataType);
+    // clang-format off
+    ExpectEach<const char*, CFDatum::Kind>({
+        {"string", CFDatum::Kind::Text, "text stays text"},
+        {"integer", CFDatum::Kind::Integer, "64 bits"},
+        {"double", CFDatum::Kind::Number},
+        {"date", CFDatum::Kind::Number, "dates are numbers of days"},
+        {"String", CFDatum::Kind::Number, "an unknown type is a number"},
+    }, [](const char* dataType) {
         const Reading reading(
-            DocumentBuilder()
-                .AddField({.name = "f", .dataType = row.dataType, .values = {{"-7", "seven"}}})
-                .Text());
-        const CFField& field = *reading.fStats.GetMetaData()->GetField(0);
-        ASSERT_EQ(field.GetValues().size(), 1U);
-        const CFDatum& datum = field.GetValues()[0].GetDatum();
-        EXPECT_EQ(datum.GetKind(), row.expected) << row.why;
-        EXPECT_EQ(datum.GetInteger(), row.expected == CFDatum::Kind::Integer ? -7 : 0);
-        EXPECT_EQ(field.GetValues()[0].GetText(), "-7");
-        EXPECT_EQ(field.GetValueLabels()[0].GetText(), "seven");
-    }
+            DocumentBuilder().AddField({.name = "f", .dataType = dataType, .values = {{"-7"}}}).Text());
+        const CFDatum& datum = reading.fStats.GetMetaData()->GetField(0)->GetValues().at(0).GetDatum();
+        EXPECT_EQ(datum.GetInteger(), datum.GetKind() == CFDatum::Kind::Integer ? -7 : 0);
+        return datum.GetKind();
+    });
+    // clang-format on
 }
 
 TEST(ReadDataDictionary, FailsWhereAnIndexIsNotThePosition)
 {
-    const std::string document = TwoFields().Text();
-    struct Row {
-        const char* part;
-        const char* by;
-        bool read;
-        const char* why;
-    };
     // clang-format off
-    const Row rows[] = {
-        {"<DataField index=\"1\"", "<DataField index=\"2\"", false, "a gap"},
-        {"<DataField index=\"1\"", "<DataField", false, "no index counts as 0"},
-        {"<DataField index=\"0\"", "<DataField", true, "which is right for the first"},
-        {"<DataField index=\"0\"", "<DataField index=\"zero\"", true, "no number counts as no index"},
-        {"<Value index=\"1\"", "<Value index=\"0\"", false, "twice the same value"},
-        {"<Value index=\"1\"", "<Value index=\"-1\"", false, "a negative value index"},
-    };
+    ExpectEach<std::pair<const char*, const char*>, bool>({
+        {{"<DataField index=\"1\"", "<DataField index=\"2\""}, false, "a gap"},
+        {{"<DataField index=\"1\"", "<DataField"}, false, "no index counts as 0"},
+        {{"<DataField index=\"0\"", "<DataField"}, true, "which is right for the first"},
+        {{"<DataField index=\"0\"", "<DataField index=\"zero\""}, true, "no number counts as no index"},
+        {{"<Value index=\"1\"", "<Value index=\"0\""}, false, "twice the same value"},
+        {{"<Value index=\"1\"", "<Value index=\"-1\""}, false, "a negative value index"},
+    }, [](const char* part, const char* by) {
+        return Reading(Replaced(TwoFields().Text(), part, by), Variables()).fRead;
+    });
     // clang-format on
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.why);
-        EXPECT_EQ(Reading(Replaced(document, row.part, row.by), Variables()).fRead, row.read);
-    }
 }
 
 TEST(ReadDataDictionary, ToleratesFewFields)
@@ -133,46 +102,20 @@ TEST(ReadDataDictionary, ToleratesFewFields)
     EXPECT_EQ(absent.fStats.GetMetaData(), nullptr);
 }
 
-TEST(ReadFieldInfos, FillsTheRecordOfTheField)
-{
-    const Reading reading(TwoFields()
-                              .AddFieldInfo({.field = 1,
-                                             .numbers = {{"TotalN", 10},
-                                                         {"Min", -1.5},
-                                                         {"Max", 4},
-                                                         {"Mean", 2},
-                                                         {"StdDev", MissingValue},
-                                                         {"Skewness", 3}},
-                                             .distribution = {{4, 6}, {0.5, 1.5}}})
-                              .AddFieldInfo({.field = 0, .categorical = true})
-                              .Text(),
-                          Variables());
-    ASSERT_TRUE(reading.fRead);
-    const FieldInfoData& number = *reading.fStats.GetFieldInfo(1U);
-    EXPECT_TRUE(number.fIsRead);
-    EXPECT_FALSE(number.fIsCategorical);
-    EXPECT_EQ(number.fTotalN, 10);
-    EXPECT_EQ(number.fMin, -1.5);
-    EXPECT_EQ(number.fMax, 4);
-    EXPECT_EQ(number.fMean, 2);
-    EXPECT_TRUE(IsMissing(number.fStdDev)) << "a missing token is no number";
-    EXPECT_EQ(number.fDistribution.fName, "Interval");
-    EXPECT_THAT(number.fDistribution.fRows, ElementsAre(ElementsAre(4, 6), ElementsAre(0.5, 1.5)));
-    EXPECT_TRUE(reading.fStats.GetFieldInfo(0U)->fIsCategorical);
-    EXPECT_TRUE(reading.fReports.empty()) << "unknown numbers of a field are skipped";
-}
-
 TEST(ReadFieldInfos, OverwritesWhatAFieldHadBefore)
 {
-    const Reading reading(
-        TwoFields()
-            .AddFieldInfo({.field = 0, .categorical = true, .numbers = {{"TotalN", 1}, {"Min", 1}}})
-            .AddFieldInfo({.field = 0, .numbers = {{"TotalN", 2}}})
-            .Text());
+    const NamedNumbers first = {{"TotalN", 1}, {"Min", 1}, {"StdDev", 2}};
+    const NamedNumbers second = {{"TotalN", 2}, {"StdDev", MissingValue}, {"Skewness", 3}};
+    const Reading reading(TwoFields()
+                              .AddFieldInfo({.field = 0, .categorical = true, .numbers = first})
+                              .AddFieldInfo({.field = 0, .numbers = second})
+                              .Text());
     const FieldInfoData& field = *reading.fStats.GetFieldInfo(0U);
     EXPECT_FALSE(field.fIsCategorical);
     EXPECT_EQ(field.fTotalN, 2);
     EXPECT_EQ(field.fMin, 1) << "what the second leaves out stays";
+    EXPECT_TRUE(IsMissing(field.fStdDev)) << "the missing token is no number";
+    EXPECT_TRUE(reading.fReports.empty()) << "unknown numbers of a field are skipped";
 }
 
 TEST(ReadFieldInfos, FailsWithoutOneTableOfOneTable)
@@ -182,27 +125,19 @@ TEST(ReadFieldInfos, FailsWithoutOneTableOfOneTable)
     const std::string whole = StructuredTable("ContinuousDistribution")
                                   .Add(SimpleTable("Interval", "", "", {{}, {}}))
                                   .Text();
-    struct Row {
-        std::string part;
-        std::string by;
-        bool read;
-        const char* why;
-    };
     // clang-format off
-    const Row rows[] = {
-        {whole, "", false, "no distribution"},
-        {table, "", false, "no table in it"},
-        {table, table + table, false, "two tables in it"},
-        {whole, whole + StructuredTable("Further").Text(), true, "only the first distribution is looked at"},
-        {"varIndex=\"0\"", "varIndex=\"2\"", true, "a field without a record is passed over"},
-        {"varIndex=\"0\"", "varIndex=\"-5\"", true, "and so is a negative one"},
-        {"varIndex=\"0\"", "", true, "and one that is not told"},
-    };
+    ExpectEach<std::pair<std::string, std::string>, bool>({
+        {{whole, ""}, false, "no distribution"},
+        {{table, ""}, false, "no table in it"},
+        {{table, table + table}, false, "two tables in it"},
+        {{whole, whole + StructuredTable("Further").Text()}, true, "only the first distribution is looked at"},
+        {{"varIndex=\"0\"", "varIndex=\"2\""}, true, "a field without a record is passed over"},
+        {{"varIndex=\"0\"", "varIndex=\"-5\""}, true, "and so is a negative one"},
+        {{"varIndex=\"0\"", ""}, true, "and one that is not told"},
+    }, [&](const std::string& part, const std::string& by) {
+        return Reading(Replaced(document, part, by)).fRead;
+    });
     // clang-format on
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.why);
-        EXPECT_EQ(Reading(Replaced(document, row.part, row.by)).fRead, row.read);
-    }
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "support/Cases.h"
 #include "support/DocumentBuilder.h"
 #include "support/Reading.h"
 
@@ -15,13 +16,8 @@ std::string WithTest(const Element& test) { return DocumentBuilder().AddTest(tes
 
 TEST(Read, TakesTheFrameAndFailsWithoutItsRequiredParts)
 {
-    struct Row {
-        std::string document;
-        bool read;
-        const char* why;
-    };
     // clang-format off
-    const Row rows[] = {
+    ExpectEach<std::string, bool>({
         {Minimal(), true, "no dictionary and no test"},
         {"", false, "no text"},
         {"  ", false, "no element"},
@@ -42,14 +38,12 @@ TEST(Read, TakesTheFrameAndFailsWithoutItsRequiredParts)
         {Replaced(Minimal(), "<FieldInfos/>", "<FieldInfos/><Unknown><Attribute/></Unknown>"), true, "what is not named is ignored"},
         {WithTest(Algorithm("ORuns", "retain")), true, "a test without tables"},
         {WithTest(Element("Algorithm")), true, "a test without a name"},
-    };
-    // clang-format on
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.why);
-        const Reading reading(row.document);
-        EXPECT_EQ(reading.fRead, row.read);
+    }, [](const std::string& document) {
+        const Reading reading(document);
         EXPECT_THAT(reading.fReports, IsEmpty());
-    }
+        return reading.fRead;
+    });
+    // clang-format on
 }
 
 TEST(Read, GivesTheSameResultTheSecondTimeAndAddsNothing)

@@ -8,7 +8,7 @@
 
 #include "host/framework/SDOMXMLWrapper.h"
 
-#include "support/DocumentBuilder.h"
+#include "support/Cases.h"
 
 namespace {
 
@@ -17,29 +17,22 @@ using testing::IsEmpty;
 
 TEST(ParseNumbers, ReadsTokensAndTheMissingOne)
 {
-    struct Row {
-        const char* text;
-        std::vector<double> numbers;
-        const char* why;
-    };
-    for (const Row& row : {Row{"1 -2.5 3e2", {1, -2.5, 300}, "blanks part numbers"},
-                           Row{"1\t2\n3\r\n4", {1, 2, 3, 4}, "and so do tabs and line ends"},
-                           Row{"7 __MISSING__ 8", {7, MissingValue, 8}, "the missing token"},
-                           Row{"__MISSING__x", {MissingValue}, "no number is missing as well"},
-                           Row{"\"1.5\" 2", {1.5, 2}, "quotes don't belong to a token"},
-                           Row{"1e999", {MissingValue}, "beyond the numbers"}}) {
-        SCOPED_TRACE(row.why);
-        std::vector<double> numbers = {9, 9, 9, 9, 9, 9};
-        EXPECT_TRUE(ParseNumbers(row.text, numbers));
-        EXPECT_EQ(numbers, row.numbers);
-    }
-}
-
-TEST(ParseNumbers, LeavesTheListAsItWasWithoutTokens)
-{
-    std::vector<double> numbers = {1, 2};
-    EXPECT_TRUE(ParseNumbers(" \n ", numbers));
-    EXPECT_THAT(numbers, ElementsAre(1, 2));
+    using Numbers = std::vector<double>;
+    // clang-format off
+    ExpectEach<const char*, Numbers>({
+        {"1 -2.5 3e2", {1, -2.5, 300}, "blanks part numbers"},
+        {"1\t2\n3\r\n4", {1, 2, 3, 4}, "and so do tabs and line ends"},
+        {"7 __MISSING__ 8", {7, MissingValue, 8}, "the missing token"},
+        {"__MISSING__x", {MissingValue}, "no number is missing as well"},
+        {"\"1.5\" 2", {1.5, 2}, "quotes don't belong to a token"},
+        {"1e999", {MissingValue}, "beyond the numbers"},
+        {" \n ", {9, 9, 9}, "without tokens the list stays as it was"},
+    }, [](const char* text) {
+        Numbers numbers = {9, 9, 9};
+        EXPECT_TRUE(ParseNumbers(text, numbers));
+        return numbers;
+    });
+    // clang-format on
 }
 
 TEST(ParseIntegers, KnowsNoMissingToken)
@@ -88,83 +81,32 @@ TEST(ReadAttribute, AsksForANameOnly)
     EXPECT_EQ(value, "");
     EXPECT_FALSE(ReadAttribute(Loaded("<Attribute value=' v '/>").Root(), name, value));
     EXPECT_EQ(value, " v ") << "nothing is trimmed";
-}
-
-TEST(ReadNumberAttribute, TakesWhatIsNoNumberForMissing)
-{
-    std::string name;
-    double value = 1;
-    EXPECT_TRUE(ReadNumberAttribute(Loaded("<A name='n' value='2.5'/>").Root(), name, value));
-    EXPECT_EQ(value, 2.5);
-    EXPECT_TRUE(ReadNumberAttribute(Loaded("<A name='n' value='2,5'/>").Root(), name, value));
-    EXPECT_TRUE(IsMissing(value));
-    EXPECT_FALSE(ReadNumberAttribute(Loaded("<A value='1'/>").Root(), name, value));
+    double number = 1;
+    EXPECT_FALSE(ReadNumberAttribute(Loaded("<A value='1'/>").Root(), name, number));
+    EXPECT_TRUE(ReadNumberAttribute(Loaded("<A name='n' value='2,5'/>").Root(), name, number));
+    EXPECT_TRUE(IsMissing(number)) << "no number";
 }
 
 TEST(ReadSimpleTable, NeedsItsNameAndBothLists)
 {
-    struct Row {
-        const char* text;
-        bool read;
-        const char* why;
-    };
     // clang-format off
-    const Row rows[] = {
+    ExpectEach<const char*, bool>({
         {"<SimpleTable name='t'><RowNames/><ColumnNames/></SimpleTable>", true, "empty lists and no rows"},
         {"<SimpleTable><RowNames/><ColumnNames/></SimpleTable>", false, "no name"},
         {"<SimpleTable name='t'><ColumnNames/></SimpleTable>", false, "no row names"},
         {"<SimpleTable name='t'><RowNames/></SimpleTable>", false, "no column names"},
         {"<SimpleTable name='t'><ColumnNames/><Row/><Other/><RowNames/></SimpleTable>", true, "in any order"},
-    };
-    // clang-format on
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.why);
+    }, [](const char* text) {
         SimpleTableData data;
-        EXPECT_EQ(ReadSimpleTable(Loaded(row.text).Root(), data), row.read);
-    }
-}
-
-TEST(ReadSimpleTable, KeepsTextsUntouched)
-{
-    SimpleTableData data;
-    ASSERT_TRUE(
-        ReadSimpleTable(Loaded("<SimpleTable name='t'><RowNames> a </RowNames><ColumnNames>"
-                               "<![CDATA[<b>]]></ColumnNames><Row>1 2</Row><Row/></SimpleTable>")
-                            .Root(),
-                        data));
-    EXPECT_EQ(data.fRowNames, " a ");
-    EXPECT_EQ(data.fColumnNames, "<b>");
-    EXPECT_THAT(data.fRowTexts, ElementsAre("1 2", ""));
-}
-
-TEST(ReadStructuredTable, KeepsChildrenAndTheirOrder)
-{
-    const Element element =
-        StructuredTable("s", {Attribute("a", "1"), SimpleTable("t", "", "", {}),
-                              StructuredTable("inner"), Element("Other"), Attribute("b", "2")});
-    StructuredTableData data;
-    ASSERT_TRUE(ReadStructuredTable(Loaded(element.Text()).Root(), data));
-    EXPECT_EQ(data.fName, "s");
-    ASSERT_EQ(data.fAttributes.size(), 2U);
-    EXPECT_EQ(data.fAttributes[1].fValue, "2");
-    EXPECT_EQ(data.fSimpleTables.at(0).fName, "t");
-    EXPECT_EQ(data.fStrucTables.at(0).fName, "inner");
-    std::vector<std::pair<int, int>> order;
-    for (const ChildRef& child : data.fChildOrder)
-        order.emplace_back(child.fKind, child.fPosition);
-    EXPECT_THAT(order,
-                ElementsAre(std::pair(0, 0), std::pair(1, 0), std::pair(2, 0), std::pair(0, 1)));
+        return ReadSimpleTable(Loaded(text).Root(), data);
+    });
+    // clang-format on
 }
 
 TEST(ReadStructuredTable, FailsWithAnyOfItsChildren)
 {
-    struct Row {
-        const char* text;
-        bool read;
-        const char* why;
-    };
     // clang-format off
-    const Row rows[] = {
+    ExpectEach<const char*, bool>({
         {"<StructuredTable name='s'/>", true, "no children"},
         {"<StructuredTable/>", false, "no name"},
         {"<StructuredTable name='s'><Attribute value='v'/></StructuredTable>", false, "an attribute without a name"},
@@ -172,25 +114,11 @@ TEST(ReadStructuredTable, FailsWithAnyOfItsChildren)
         {"<StructuredTable name='s'><Other/></StructuredTable>", true, "an unknown child is skipped"},
         {"<StructuredTable name='s'><StructuredTable name='a'><StructuredTable/></StructuredTable></StructuredTable>",
             false, "a nameless table in the depth"},
-    };
-    // clang-format on
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.why);
+    }, [](const char* text) {
         StructuredTableData data;
-        EXPECT_EQ(ReadStructuredTable(Loaded(row.text).Root(), data), row.read);
-    }
-}
-
-TEST(ReadStructuredTable, StopsAtTheFirstChildThatFails)
-{
-    StructuredTableData data;
-    EXPECT_FALSE(ReadStructuredTable(
-        Loaded("<StructuredTable name='s'><Attribute name='a'/><Attribute/><Attribute name='c'/>"
-               "</StructuredTable>")
-            .Root(),
-        data));
-    EXPECT_EQ(data.fAttributes.size(), 2U);
-    EXPECT_EQ(data.fChildOrder.size(), 2U) << "the child that failed keeps its place";
+        return ReadStructuredTable(Loaded(text).Root(), data);
+    });
+    // clang-format on
 }
 
 }  // namespace

@@ -10,30 +10,18 @@ namespace {
 
 constexpr double kMissing = std::numeric_limits<double>::lowest();
 
-/// Reference instead of the character where it would be markup, or lost as a blank.
+// A character that would be markup, or lost as a blank, and the reference that stands for it.
+constexpr std::pair<char, std::string_view> kReferences[] = {
+    {'&', "&amp;"}, {'<', "&lt;"}, {'>', "&gt;"}, {'"', "&quot;"}, {'\n', "&#10;"}};
+
 std::string Escaped(std::string_view text)
 {
     std::string escaped;
     for (const char character : text) {
-        switch (character) {
-            case '&':
-                escaped += "&amp;";
-                break;
-            case '<':
-                escaped += "&lt;";
-                break;
-            case '>':
-                escaped += "&gt;";
-                break;
-            case '"':
-                escaped += "&quot;";
-                break;
-            case '\n':
-                escaped += "&#10;";
-                break;
-            default:
-                escaped += character;
-        }
+        std::string_view written(&character, 1);
+        for (const auto& [plain, reference] : kReferences)
+            if (plain == character) written = reference;
+        escaped += written;
     }
     return escaped;
 }
@@ -227,23 +215,6 @@ Element PairwiseResult(const Rows& info, const Rows& content, int field)
 Element StepwiseResult(const Rows& info, const Rows& content, int field)
 {
     return PostHoc("StepwiseResult", "StepwiseInfo", info, content, field);
-}
-
-Element BoxPlotInfo(int groupField, double grandMedian, const std::vector<BoxSpec>& groups)
-{
-    Element table = StructuredTable("BoxPlotInfo");
-    table.Add(Attribute("GroupFieldIndex", groupField));
-    table.Add(Attribute("GroupCount", static_cast<double>(groups.size())));
-    table.Add(Attribute("GrandMedian", grandMedian));
-    for (const BoxSpec& group : groups) {
-        Element entry = StructuredTable("Group");
-        AddNumbers(entry,
-                   {{"GroupIndex", group.value}, {"N", group.n}, {"MeanOfRank", group.meanOfRank}});
-        entry.Add(SimpleTable("Box", "", "", {group.box}));
-        entry.Add(SimpleTable("Outliers", "", "", group.outliers));
-        table.Add(entry);
-    }
-    return table;
 }
 
 DocumentBuilder& DocumentBuilder::AddField(const FieldSpec& field)

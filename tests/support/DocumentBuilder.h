@@ -85,16 +85,6 @@ Element PairwiseResult(const Rows& info, const Rows& content, int field = -1);
 /// The same as steps and subsets.
 Element StepwiseResult(const Rows& info, const Rows& content, int field = -1);
 
-/// One group of a "BoxPlotInfo".
-struct BoxSpec {
-    int value = 0;  ///< value index
-    int n = 0;
-    double meanOfRank = 0.0;
-    std::vector<double> box = {};
-    Rows outliers = {};
-};
-Element BoxPlotInfo(int groupField, double grandMedian, const std::vector<BoxSpec>& groups);
-
 struct ValueSpec {
     std::string value;
     std::string label = {};
