@@ -5,35 +5,14 @@
 #include <climits>
 
 #include "model/NOPRTestRecords.h"
-#include "model/RecordOf.h"
 
 #include "refhost/data/VariableData.h"
+
+#include "support/Cases.h"
 
 namespace {
 
 using Stats = NOPROutputStats;
-
-TEST(CreateTest, StoresWhatItIsGivenInARecordOfItsOwnType)
-{
-    Stats stats;
-    auto* test = stats.CreateTest(sample::kIndependent, kind::kMedian, decision::kReject);
-    ASSERT_NE(test, nullptr);
-    EXPECT_EQ(test->fSampleKind, sample::kIndependent);
-    EXPECT_EQ(test->fTestKind, kind::kMedian);
-    EXPECT_EQ(test->fDecision, decision::kReject);
-    EXPECT_NE(RecordOf<Stats::HTIMedian>(test), nullptr);
-    EXPECT_EQ(RecordOf<Stats::HTIKruskalWallis>(test), nullptr);
-    EXPECT_EQ(stats.GetTest(0U), test);
-}
-
-TEST(CreateTest, MakesNothingForAKindWithoutARecord)
-{
-    Stats stats;
-    for (const TestKind testKind : {INT_MIN, -1, 0, 7, 8, 9, 10, 27, INT_MAX})
-        EXPECT_EQ(stats.CreateTest(sample::kOne, testKind, 0), nullptr) << testKind;
-    EXPECT_TRUE(stats.GetTests().empty());
-    EXPECT_TRUE(stats.GetIntervalTests().empty());
-}
 
 TEST(Container, AnswersNullForIndicesThatNameNothing)
 {
@@ -75,27 +54,22 @@ TEST(GetStatistic, SearchesTheFirstBlockOfTheNameOnly)
                         {"Bounds", {}},
                         {"Bounds", {{"Lower", 1}}},
                         {"", {{"Later", 5}}}};
-    struct Row {
-        const char* valueName;
-        const char* blockName;
-        bool found;
-        double out;
-        const char* why;
-    };
-    for (const Row& row : {Row{"TotalN", "", true, 10, "the first of the name"},
-                           Row{"Later", "", false, -1, "a later block of the name is not tried"},
-                           Row{"Lower", "Bounds", false, -1, "nor is it here"},
-                           Row{"", "", true, 10, "the empty name takes the first number"},
-                           Row{"", "Bounds", true, -1, "an empty block counts as found"},
-                           Row{"", "Other", false, -1, "no such block"},
-                           Row{"totaln", "", false, -1, "case counts"}}) {
-        SCOPED_TRACE(row.why);
-        double out = -1;
-        EXPECT_EQ(test.GetStatistic(out, row.valueName, row.blockName), row.found);
-        EXPECT_EQ(out, row.out);
-    }
-    double out = -1;
-    EXPECT_FALSE(Stats::HTOChiSquare().GetStatistic(out, "", ""));
+    using Found = std::pair<bool, double>;
+    // clang-format off
+    ExpectEach<std::pair<const char*, const char*>, Found>({
+        {{"TotalN", ""}, {true, 10}, "the first of the name"},
+        {{"Later", ""}, {false, -1}, "a later block of the name is not tried"},
+        {{"Lower", "Bounds"}, {false, -1}, "nor is it here"},
+        {{"", ""}, {true, 10}, "the empty name takes the first number"},
+        {{"", "Bounds"}, {true, -1}, "an empty block counts as found"},
+        {{"", "Other"}, {false, -1}, "no such block"},
+        {{"totaln", ""}, {false, -1}, "case counts"},
+    }, [&test](const char* valueName, const char* blockName) {
+        Found found = {false, -1};
+        found.first = test.GetStatistic(found.second, valueName, blockName);
+        return found;
+    });
+    // clang-format on
 }
 
 }  // namespace

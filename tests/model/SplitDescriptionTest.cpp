@@ -65,13 +65,11 @@ TEST(SplitText, TellsVariablesAndValues)
         const char* text;
         const char* why;
     };
+    // clang-format off
     const Row rows[] = {
         {{0}, {OBS(1.0)}, "Number: one", "a labelled value"},
         {{0}, {OBS(2.0)}, "Number: 2.0", "a value in its variable's format"},
-        {{1},
-         {OBS(0.0)},
-         "d: 1970-01-01",
-         "days become the host's date; the name stands for a label"},
+        {{1}, {OBS(0.0)}, "d: 1970-01-01", "days become the host's date; the name stands for a label"},
         {{2}, {OBS("ab    ")}, "Text: labelled", "a labelled text"},
         {{2}, {OBS("c     ")}, "Text: c", "a text without its padding"},
         {{0, 2}, {OBS(1.0), OBS("c     ")}, "Number: one,Text: c", "a comma and no blank"},
@@ -80,6 +78,7 @@ TEST(SplitText, TellsVariablesAndValues)
         {{9}, {OBS(1.0)}, ": 1.00", "a variable that is not there"},
         {{}, {}, "", "no split"},
     };
+    // clang-format on
     for (const Row& row : rows) {
         SCOPED_TRACE(row.why);
         bool append = true;
@@ -88,14 +87,6 @@ TEST(SplitText, TellsVariablesAndValues)
         EXPECT_EQ(Split(row.variables, row.values, false).fStats.SplitText(append), row.text);
         EXPECT_EQ(append, !row.variables.empty());
     }
-}
-
-TEST(SplitText, IsEmptyWithoutDataOrSplit)
-{
-    NOPROutputStats stats;
-    bool append = true;
-    EXPECT_EQ(stats.SplitText(append), "");
-    EXPECT_FALSE(append);
 }
 
 TEST(SplitHeading, TellsTheSplitOnlyWhereAHeadingIsAskedFor)
@@ -119,55 +110,18 @@ TEST(SplitDimensions, MakeOneRowDimensionForEachVariable)
 {
     const CollectedOutput output;
     const auto procedure = refhost::MakeProcedure(nullptr);
-    const auto write = [&procedure](const NOPROutputStats& stats) {
+    {
         BpPivotTable table =
             procedure->PivotTable(BpString("title", false), BpString("kind", false), false);
-        stats.SplitDimensions(table);
-    };
-    write(Split({0, 9}, {OBS(1.0)}, false).fStats);
-    write(Split({0}, {OBS(1.0)}, true).fStats);
-    write(Split({}, {}, false).fStats);
-    write(NOPROutputStats());
-
-    const auto tables = output.All<refhost::TableNode>();
-    ASSERT_EQ(tables.size(), 4U);
-    ASSERT_EQ(tables[0]->fDimensions.size(), 2U);
-    const refhost::PivotDimension& first = tables[0]->fDimensions[0];
-    EXPECT_EQ(first.fTitle->fShown, "Number");
-    EXPECT_EQ(first.fSort, 0);
-    EXPECT_EQ(first.fPlace, refhost::PivotPlace::Rows);
-    ASSERT_EQ(first.fItems.size(), 1U);
-    EXPECT_EQ(first.fItems[0].fLabel->fShown, "one");
-    EXPECT_EQ(tables[0]->fDimensions[1].fTitle->fShown, "") << "no such variable";
-    for (std::size_t table = 1; table < tables.size(); ++table)
-        EXPECT_THAT(tables[table]->fDimensions, IsEmpty()) << table;
-}
-
-TEST(HostNumberText, ConvertsDatesByTheirType)
-{
-    struct Row {
-        double value;
-        QORT_Format format;
-        const char* text;
-        const char* why;
-    };
-    // clang-format off
-    const Row rows[] = {
-        {2.25, {.fWidth = 3, .fType = 5, .fDecimals = 2}, "2.25", "a wide number in a narrow format"},
-        {1.0, {.fWidth = 10, .fType = 20, .fDecimals = 0}, "1970-01-02", "days"},
-        {1.5, {.fWidth = 10, .fType = 26, .fDecimals = 0}, "1970-01-02", "26 is among the types of days"},
-        {86461.0, {.fWidth = 20, .fType = 22, .fDecimals = 0}, "1970-01-02 00:01:01", "seconds"},
-        {61.0, {.fWidth = 8, .fType = 21, .fDecimals = 0}, "00:01:01", "a time is no date"},
-        {MissingValue, {.fWidth = 10, .fType = 20, .fDecimals = 0}, ".", "the missing number stays"},
-        {1e307, {.fWidth = 10, .fType = 20, .fDecimals = 0}, ".", "a day beyond the numbers"},
-    };
-    // clang-format on
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.why);
-        QORT_Format format = row.format;
-        EXPECT_EQ(HostNumberText(row.value, format), row.text);
-        EXPECT_EQ(format.fWidth, 40) << "in the caller's copy too";
+        Split({0, 9}, {OBS(1.0)}, false).fStats.SplitDimensions(table);
     }
+    const auto& dimensions = output.All<refhost::TableNode>().at(0)->fDimensions;
+    ASSERT_EQ(dimensions.size(), 2U);
+    EXPECT_EQ(dimensions[0].fTitle->fShown, "Number");
+    EXPECT_EQ(dimensions[0].fSort, 0);
+    EXPECT_EQ(dimensions[0].fPlace, refhost::PivotPlace::Rows);
+    EXPECT_EQ(dimensions[0].fItems.at(0).fLabel->fShown, "one");
+    EXPECT_EQ(dimensions[1].fTitle->fShown, "") << "no such variable";
 }
 
 TEST(HostNumber, TellsNoNumberBeyondAllNumbers)
@@ -175,14 +129,6 @@ TEST(HostNumber, TellsNoNumberBeyondAllNumbers)
     EXPECT_EQ(HostNumber(1e304, 20), MissingValue) << "seconds of so many days are not finite";
     EXPECT_EQ(HostNumber(1e304, 5), 1e304);
     EXPECT_EQ(HostNumber(MissingValue, 22), MissingValue);
-}
-
-TEST(WithoutBlanks, TakesBlanksFromTheEndsOnly)
-{
-    EXPECT_EQ(WithoutBlanks("  a b  "), "a b");
-    EXPECT_EQ(WithoutBlanks("\ta "), "\ta");
-    EXPECT_EQ(WithoutBlanks("   "), "");
-    EXPECT_EQ(WithoutBlanks(""), "");
 }
 
 }  // namespace
