@@ -3,9 +3,6 @@
 #include <array>
 #include <bit>
 #include <cstddef>
-#include <string>
-#include <type_traits>
-#include <vector>
 
 #include "frame/NOPRProcCustom.h"
 
@@ -34,29 +31,6 @@ TEST(ProcedureSlots, StandInTheOrderThatTheHostCallsThemBy)
     EXPECT_EQ(SlotOf(&NOPRProcCustom::CollectAnalysisVariables), 2);
     EXPECT_EQ(SlotOf(&NOPRProcCustom::ProcessSplits), 3);
     EXPECT_EQ(SlotOf(&NOPRProcCustom::ProcessSplit), 4);
-}
-
-template <class Operation>
-struct ClassOf;
-template <class Result, class Class, class... Arguments>
-struct ClassOf<Result (Class::*)(Arguments...)> {
-    using Type = Class;
-};
-template <class Operation>
-using ClassOfType = typename ClassOf<Operation>::Type;
-
-TEST(ProcedureSlots, AreTakenByTheThreeOperationsAlone)
-{
-    EXPECT_TRUE((std::is_same_v<ClassOfType<decltype(&NOPRProcCustom::CollectAnalysisVariables)>,
-                                NOPRProcCustom>));
-    EXPECT_TRUE(
-        (std::is_same_v<ClassOfType<decltype(&NOPRProcCustom::ProcessSplits)>, NOPRProcCustom>));
-    EXPECT_TRUE(
-        (std::is_same_v<ClassOfType<decltype(&NOPRProcCustom::ProcessSplit)>, NOPRProcCustom>));
-    EXPECT_TRUE(
-        (std::is_same_v<ClassOfType<decltype(&NOPRProcCustom::SetStatJSON)>, CFProcCustom>));
-    EXPECT_TRUE(
-        (std::is_same_v<ClassOfType<decltype(&NOPRProcCustom::ProcessOutputJSON)>, CFProcCustom>));
     EXPECT_EQ(sizeof(NOPRProcCustom), sizeof(CFProcCustom)) << "it adds no field";
 }
 

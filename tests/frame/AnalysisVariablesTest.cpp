@@ -1,4 +1,3 @@
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <memory>
@@ -11,6 +10,8 @@
 
 #include "refhost/command/CommandData.h"
 #include "refhost/data/VariableData.h"
+
+#include "support/Cases.h"
 
 namespace {
 
@@ -43,54 +44,27 @@ protected:
 
 TEST_F(AnalysisVariables, AreThoseOfTheCommandAndTheHost)
 {
-    struct Row {
-        Subcommands subcommands;
-        int extraVariable;
-        Variables extraVariables;
-        Variables collected;
-        const char* why;
-    };
-    const Row rows[] = {
-        {{}, -1, {}, {}, "nothing to collect"},
-        {{}, 0, {}, {0}, "variable 0 is one"},
-        {{}, 3, {4, 1, 4}, {1, 3, 4}, "the host's, ascending and each once"},
-        {{{"ONESAMPLE", {{"TEST", {"b", "a"}}}}, {"RELATED", {{"TEST", {"b", "c"}}}}},
-         -1,
-         {1},
-         {0, 1, 2},
-         "named in three places, it stands once"},
-        {{{"INDEPENDENT", {{"TEST", {"a"}}, {"GROUP", {"e"}}}}},
-         -1,
-         {},
-         {0, 4},
-         "fields and groups"},
-        {{{"INDEPENDENT", {{"GROUP", {"e"}}}}}, -1, {}, {4}, "groups alone"},
-        {{{"INDEPENDENT", {{"TEST", {"a"}}, {"GROUP", {}}}}}, -1, {}, {0}, "no group is named"},
-        {{{"INDEPENDENT", {{"TEST", {"a"}}, {"GROUP", {"x"}}}}}, -1, {}, {0}, "an unknown group"},
-        {{{"ONESAMPLE", {{"TEST", {"a"}}, {"GROUP", {"e"}}}},
-          {"RELATED", {{"TEST", {"b"}}, {"GROUP", {"d"}}}}},
-         -1,
-         {},
-         {0, 1},
-         "only independent samples have groups"},
-        {{{"ONESAMPLE", {{"TEST", {"a", "x"}}}}, {"RELATED", {{"TEST", {"b", "c"}}}}},
-         -1,
-         {},
-         {1, 2},
-         "one unknown name costs its whole parameter"},
-        {{{"ONESAMPLE", {{"TEST", {}}}}}, -1, {}, {}, "an empty list"},
-        {{{"onesample", {{"TEST", {"a"}}}}, {"OTHER", {{"TEST", {"b"}}}}},
-         -1,
-         {},
-         {},
-         "other subcommands"}};
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.why);
+    // clang-format off
+    ExpectEach<std::tuple<Subcommands, int, Variables>, Variables>({
+        {{Subcommands{}, -1, {}}, {}, "nothing to collect"},
+        {{Subcommands{}, 0, {}}, {0}, "variable 0 is one"},
+        {{Subcommands{}, 3, {4, 1, 4}}, {1, 3, 4}, "the host's, ascending and each once"},
+        {{{{"ONESAMPLE", {{"TEST", {"b", "a"}}}}, {"RELATED", {{"TEST", {"b", "c"}}}}}, -1, {1}}, {0, 1, 2}, "named in three places, it stands once"},
+        {{{{"INDEPENDENT", {{"TEST", {"a"}}, {"GROUP", {"e"}}}}}, -1, {}}, {0, 4}, "fields and groups"},
+        {{{{"INDEPENDENT", {{"GROUP", {"e"}}}}}, -1, {}}, {4}, "groups alone"},
+        {{{{"INDEPENDENT", {{"TEST", {"a"}}, {"GROUP", {}}}}}, -1, {}}, {0}, "no group is named"},
+        {{{{"INDEPENDENT", {{"TEST", {"a"}}, {"GROUP", {"x"}}}}}, -1, {}}, {0}, "an unknown group"},
+        {{{{"ONESAMPLE", {{"TEST", {"a"}}, {"GROUP", {"e"}}}}, {"RELATED", {{"TEST", {"b"}}, {"GROUP", {"d"}}}}}, -1, {}}, {0, 1}, "only independent samples have groups"},
+        {{{{"ONESAMPLE", {{"TEST", {"a", "x"}}}}, {"RELATED", {{"TEST", {"b", "c"}}}}}, -1, {}}, {1, 2}, "one unknown name costs its whole parameter"},
+        {{{{"ONESAMPLE", {{"TEST", {}}}}}, -1, {}}, {}, "an empty list"},
+        {{{{"onesample", {{"TEST", {"a"}}}}, {"OTHER", {{"TEST", {"b"}}}}}, -1, {}}, {}, "other subcommands"},
+    }, [this](const Subcommands& subcommands, int extra, const Variables& extras) {
         fProcedure.reset(GetCFProcCustom());
         fProcedure->Attach(nullptr, fSource.get());
-        fProcedure->SetExtraVariables(row.extraVariable, row.extraVariables);
-        EXPECT_EQ(Collect(row.subcommands), row.collected);
-    }
+        fProcedure->SetExtraVariables(extra, extras);
+        return Collect(subcommands);
+    });
+    // clang-format on
 }
 
 TEST_F(AnalysisVariables, StayAsTheyWereWhereNothingIsCollected)
