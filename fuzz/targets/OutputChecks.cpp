@@ -121,6 +121,18 @@ void CheckUtf8(std::string_view text)
     Require(error != U_INVALID_CHAR_FOUND, "output is UTF-8");
 }
 
+void CheckText(std::string_view text)
+{
+    CheckUtf8(text);
+    unsigned char before = 0;
+    for (const char character : text) {
+        const auto byte = static_cast<unsigned char>(character);
+        const bool controls = byte < 0x20 || byte == 0x7F || (before == 0xC2 && byte < 0xA0);
+        Require(!controls || byte == '\n', "no text controls the terminal");
+        before = byte;
+    }
+}
+
 void CheckJson(std::string_view text)
 {
     constexpr unsigned kFlags =

@@ -11,6 +11,9 @@ void Require(bool holds, std::string_view what);
 
 void CheckUtf8(std::string_view text);
 
+/// What a terminal shows: no control of it but the end of a line.
+void CheckText(std::string_view text);
+
 /// One JSON document, in UTF-8.
 void CheckJson(std::string_view text);
 

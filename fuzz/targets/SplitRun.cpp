@@ -30,6 +30,7 @@ namespace {
 using namespace refhost;
 using Bytes = std::unique_ptr<ByteOutput>;
 
+/// In the order of `Format`.
 struct FormatRow {
     std::unique_ptr<PartedSink> (*fMake)(Bytes output);
     void (*fCheck)(std::string_view text);
@@ -39,7 +40,7 @@ struct FormatRow {
 constexpr FormatRow kFormats[] = {
     {[](Bytes output) { return MakeJsonWriter(std::move(output)); }, CheckJson},
     {[](Bytes output) { return MakeHtmlWriter(std::move(output)); }, CheckHtml},
-    {[](Bytes output) { return MakeTextWriter(std::move(output), kDefaultTerminalWidth); }, CheckUtf8},
+    {[](Bytes output) { return MakeTextWriter(std::move(output), kDefaultTerminalWidth); }, CheckText},
 };
 // clang-format on
 
@@ -87,12 +88,17 @@ std::string Write(const QORT_DataSource& source, const std::vector<SplitResult>&
 
 }  // namespace
 
-void WriteInAllFormats(const QORT_DataSource& source, const SplitResult& split)
+void WriteInFormat(const QORT_DataSource& source, const SplitResult& split, Format format)
 {
     LoadTexts();
-    const std::vector<SplitResult> splits(1, split);
-    for (const FormatRow& format : kFormats)
-        format.fCheck(Write(source, splits, format));
+    const FormatRow& row = kFormats[static_cast<std::size_t>(format)];
+    row.fCheck(Write(source, {split}, row));
+}
+
+void WriteInAllFormats(const QORT_DataSource& source, const SplitResult& split)
+{
+    for (const Format format : {Format::Json, Format::Html, Format::Text})
+        WriteInFormat(source, split, format);
 }
 
 }  // namespace fuzz

@@ -5,8 +5,12 @@ struct SplitResult;
 
 namespace fuzz {
 
-/// Puts a split through the plug-in, once for each format of output that needs no file, and checks
-/// what comes out. A failed read and a broken invariant are fine.
+/// The formats of output that need no file.
+enum class Format { Json, Html, Text };
+
+/// Puts a split through the plug-in and checks what comes out. A failed read and a broken invariant
+/// are fine.
+void WriteInFormat(const QORT_DataSource& source, const SplitResult& split, Format format);
 void WriteInAllFormats(const QORT_DataSource& source, const SplitResult& split);
 
 }  // namespace fuzz
