@@ -3,7 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "refhost/data/DateFormats.h"
-#include "refhost/data/MissingValue.h"
+
+#include "support/Cases.h"
 
 namespace refhost {
 
@@ -36,49 +37,31 @@ TEST(Calendar, TellsTimesWithTheSeparatorOfTheCaller)
 
 TEST(ParseIsoDate, ReadsDatesWithAndWithoutTimes)
 {
-    struct Row {
-        const char* text;
-        std::optional<double> seconds;
-        const char* why;
-    };
     // clang-format off
-    for (const Row& row : {
-        Row{"1970-01-02", 86400.0, "a day"},
-        Row{"1582-10-14", -12219379200.0, "day 0 of the host"},
-        Row{"2000-02-29", 951782400.0, "a leap day"},
-        Row{"1900-02-29", {}, "no leap year"},
-        Row{"2021-04-31", {}, "no such day"},
-        Row{"2021-12-99", {}, "no such day"},
-        Row{"2021-13-01", {}, "no such month"},
-        Row{"2021-00-01", {}, "no such month"},
-        Row{"2021-01-00", {}, "no such day"},
-        Row{"1970-01-01T00:01", 60.0, "seconds may be left out"},
-        Row{"1970-01-01T01:00:01.25", 3601.25, "a fraction"},
-        Row{"1970-01-01T01:00:00Z", 3600.0, "Z is what all dates are"},
-        Row{"1970-01-01T24:00:00", {}, "no such hour"},
-        Row{"1970-01-01T00:00:60", {}, "no leap seconds"},
-        Row{"1970-01-01T00:00:00.", {}, "a point needs digits"},
-        Row{"1970-01-01 00:00:00", {}, "the T is needed"},
-        Row{"1970-01-01T", {}, "a T needs a time"},
-        Row{"1970-01-01T00:00+01:00", {}, "the host knows no time zones"},
-        Row{"1970-1-1", {}, "two digits each"},
-        Row{"-970-01-01", {}, "digits only"},
-        Row{"", {}, "nothing"},
-    }) {
-        SCOPED_TRACE(std::string(row.text) + ": " + row.why);
-        EXPECT_EQ(ParseIsoDate(row.text), row.seconds);
-    }
+    ExpectEach<const char*, std::optional<double>>({
+        {"1970-01-02", 86400.0, "a day"},
+        {"1582-10-14", -12219379200.0, "day 0 of the host"},
+        {"2000-02-29", 951782400.0, "a leap day"},
+        {"1900-02-29", {}, "no leap year"},
+        {"2021-04-31", {}, "no such day"},
+        {"2021-12-99", {}, "no such day"},
+        {"2021-13-01", {}, "no such month"},
+        {"2021-00-01", {}, "no such month"},
+        {"2021-01-00", {}, "no such day"},
+        {"1970-01-01T00:01", 60.0, "seconds may be left out"},
+        {"1970-01-01T01:00:01.25", 3601.25, "a fraction"},
+        {"1970-01-01T01:00:00Z", 3600.0, "Z is what all dates are"},
+        {"1970-01-01T24:00:00", {}, "no such hour"},
+        {"1970-01-01T00:00:60", {}, "no leap seconds"},
+        {"1970-01-01T00:00:00.", {}, "a point needs digits"},
+        {"1970-01-01 00:00:00", {}, "the T is needed"},
+        {"1970-01-01T", {}, "a T needs a time"},
+        {"1970-01-01T00:00+01:00", {}, "the host knows no time zones"},
+        {"1970-1-1", {}, "two digits each"},
+        {"-970-01-01", {}, "digits only"},
+        {"", {}, "nothing"},
+    }, ParseIsoDate);
     // clang-format on
-}
-
-TEST(HostNumber, ConvertsByTheUnitOfTheFormat)
-{
-    EXPECT_EQ(HostNumber(1, 20), kSecondsTo1970 + 86400) << "days";
-    EXPECT_EQ(HostNumber(1, 86), kSecondsTo1970 + 1) << "seconds";
-    EXPECT_EQ(HostNumber(1, 27), 1) << "27 is not converted, though it shows a date";
-    EXPECT_EQ(HostNumber(1, 21), 1) << "a duration";
-    EXPECT_EQ(HostNumber(kMissingValue, 20), kMissingValue);
-    EXPECT_EQ(HostNumber(1e305, 20), kMissingValue) << "never made infinite";
 }
 
 }  // namespace refhost

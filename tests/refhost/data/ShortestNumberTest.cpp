@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include "support/Cases.h"
+
 namespace refhost {
 namespace {
 
@@ -35,26 +37,12 @@ std::string ShortDecimal(double number)
 
 TEST(AppendShortest, WritesWhatTheLibraryWrites)
 {
-    constexpr double kOdd[] = {0.0,
-                               -0.0,
-                               1.0,
-                               99999.0,
-                               100000.0,
-                               1200000.0,
-                               12345600000.0,
-                               0.0001,
-                               0.0009,
-                               0.001,
-                               0.0012,
-                               0.00012,
-                               0.1 + 0.2,
-                               1e11,
-                               99999999999.9999,
-                               1e15,
-                               5e-324,
-                               std::numeric_limits<double>::infinity(),
-                               -std::numeric_limits<double>::max(),
-                               2.2250738585072014e-308};
+    // clang-format off
+    constexpr double kOdd[] = {
+        0.0, -0.0, 1.0, 99999.0, 100000.0, 1200000.0, 12345600000.0, 0.0001, 0.0009, 0.001, 0.0012, 0.00012, 0.1 + 0.2,
+        1e11, 99999999999.9999, 1e15, 5e-324, 2.2250738585072014e-308,
+        std::numeric_limits<double>::infinity(), -std::numeric_limits<double>::max()};
+    // clang-format on
     for (const double number : kOdd) {
         EXPECT_EQ(Shortest(number), ByLibrary(number));
         EXPECT_EQ(Shortest(-number), ByLibrary(-number));
@@ -74,15 +62,15 @@ TEST(AppendShortest, WritesWhatTheLibraryWrites)
 
 TEST(WriteShortDecimal, NeverHasAnExponent)
 {
-    struct Row {
-        double number;
-        const char* text;
-    };
-    for (const Row& row :
-         {Row{-0.0, "0"}, Row{100000.0, "100000"}, Row{-0.0001, "-0.0001"}, Row{0.05, "0.05"},
-          Row{12.5, "12.5"}, Row{1.00001, "none"}, Row{1e12, "none"}, Row{0.1 + 0.2, "none"}}) {
-        EXPECT_EQ(ShortDecimal(row.number), row.text);
-    }
+    ExpectEach<double, std::string>({{-0.0, "0"},
+                                     {100000.0, "100000"},
+                                     {-0.0001, "-0.0001"},
+                                     {0.05, "0.05"},
+                                     {12.5, "12.5"},
+                                     {1.00001, "none"},
+                                     {1e12, "none"},
+                                     {0.1 + 0.2, "none"}},
+                                    ShortDecimal);
 }
 
 }  // namespace refhost

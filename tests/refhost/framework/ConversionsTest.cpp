@@ -5,22 +5,16 @@
 
 #include "refhost/data/MissingValue.h"
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include "support/Cases.h"
 
 namespace refhost {
 
-using testing::ElementsAreArray;
-
 TEST(String2Double, ReadsWhollyFiniteNumbersAlone)
 {
-    struct Row {
-        std::string text;
-        double value;
-        const char* why;
-    };
     // clang-format off
-    const Row rows[] = {
+    ExpectEach<std::string, double>({
         {"1.5", 1.5, "a number"}, {"-2e3", -2000, "scientific"}, {"+4", 4, "a leading plus"},
         {"5.", 5, "nothing behind the point"}, {".5", 0.5, "nothing before it"},
         {" \t1\r\n", 1, "blanks and line ends around it"},
@@ -42,23 +36,14 @@ TEST(String2Double, ReadsWhollyFiniteNumbersAlone)
         {"+", kMissingValue, "a sign"}, {"-", kMissingValue, "a sign"},
         {"1e", kMissingValue, "an exponent without digits"}, {".", kMissingValue, "a point"},
         {std::string("1\0", 2), kMissingValue, "a NUL is no blank"},
-    };
+    }, String2Double);
     // clang-format on
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.text.substr(0, 40) + ": " + row.why);
-        EXPECT_EQ(String2Double(row.text), row.value);
-    }
 }
 
 TEST(String2Integer, CutsAndClamps)
 {
-    struct Row {
-        std::string text;
-        int value;
-        const char* why;
-    };
     // clang-format off
-    const Row rows[] = {
+    ExpectEach<std::string, int>({
         {"12", 12, "an integer"}, {"-7", -7, "negative"}, {"+3", 3, "a plus"}, {" 4\n", 4, "blanks"},
         {"007", 7, "leading zeros"}, {"2.9", 2, "cut toward 0"}, {"-2.9", -2, "cut toward 0"},
         {"1e3", 1000, "an exponent"}, {"2147483648", INT_MAX, "clamped"}, {"-2147483649", INT_MIN, "clamped"},
@@ -66,23 +51,15 @@ TEST(String2Integer, CutsAndClamps)
         {"", 0, "nothing"}, {"x", 0, "no number"}, {"1x", 0, "no number"}, {"-", 0, "no number"},
         {"++5", 0, "one plus is enough"}, {"+ 5", 0, "a blank within"},
         {"nan", 0, "no number"}, {"1e999", 0, "no finite number"},
-    };
+    }, String2Integer);
     // clang-format on
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.text.substr(0, 40) + ": " + row.why);
-        EXPECT_EQ(String2Integer(row.text), row.value);
-    }
 }
 
 TEST(SplitToToken, KnowsQuotes)
 {
-    struct Row {
-        const char* text;
-        std::vector<std::string> tokens;
-        const char* why;
-    };
+    using Tokens = std::vector<std::string>;
     // clang-format off
-    const Row rows[] = {
+    ExpectEach<const char*, Tokens>({
         {"", {}, "nothing"}, {" \t\r\n ", {}, "blanks alone"},
         {" a  b\tc\r\nd ", {"a", "b", "c", "d"}, "runs of blanks and line ends"},
         {"\"a b\" c", {"a b", "c"}, "quotes hold blanks"},
@@ -94,17 +71,13 @@ TEST(SplitToToken, KnowsQuotes)
         {"\"a b", {"a b"}, "to the end of the text"},
         {"\"", {""}, "a quote alone"},
         {"\xC2\xA0", {"\xC2\xA0"}, "no other space parts"},
-    };
-    // clang-format on
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.why);
-        std::vector<std::string> tokens = {"before"};
-        SplitToToken(row.text, tokens);
-        ASSERT_FALSE(tokens.empty());
+    }, [](const char* text) {
+        Tokens tokens = {"before"};
+        SplitToToken(text, tokens);
         EXPECT_EQ(tokens.front(), "before") << "tokens are appended";
-        tokens.erase(tokens.begin());
-        EXPECT_THAT(tokens, ElementsAreArray(row.tokens));
-    }
+        return Tokens(tokens.begin() + 1, tokens.end());
+    });
+    // clang-format on
 }
 
 TEST(NumericFormatCFToStat, TurnsDaysAndSecondsIntoTheHostsSeconds)
@@ -116,6 +89,7 @@ TEST(NumericFormatCFToStat, TurnsDaysAndSecondsIntoTheHostsSeconds)
     for (const int type : {1, 5, 21, 25, 27, 31, 37, 40, 85, 87, -1, 276})
         EXPECT_EQ(NumericFormatCFToStat(1, type), 1) << type;
     EXPECT_EQ(NumericFormatCFToStat(kMissingValue, 20), kMissingValue);
+    EXPECT_EQ(NumericFormatCFToStat(1e305, 20), kMissingValue) << "never made infinite";
 }
 
 }  // namespace refhost

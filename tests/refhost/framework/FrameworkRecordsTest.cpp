@@ -7,7 +7,6 @@
 
 #include "host/data/QORT_Variable.h"
 #include "host/framework/Assertion.h"
-#include "host/framework/CFMetaData.h"
 #include "host/framework/CFStatVariableValue.h"
 
 namespace refhost {
@@ -27,19 +26,6 @@ TEST(CFStatVariableValue, CompletesATextAgainstItsVariable)
     value.SetCompleteValue("casein", *source->GetVariable(1), 0);
     EXPECT_EQ(value.GetObsValue()->Number(), kMissingValue);
     EXPECT_EQ(value.GetStringValue(), "casein");
-}
-
-TEST(CFMetaData, HasFieldsByIndex)
-{
-    CFMetaData dictionary(nullptr);
-    EXPECT_EQ(dictionary.GetField(0), nullptr);
-    for (const char* name : {"a", "b"})
-        dictionary.AppendField(CFField(name, {}, {}, {}));
-    EXPECT_EQ(dictionary.FieldCount(), 2);
-    ASSERT_NE(dictionary.GetField(1), nullptr);
-    EXPECT_EQ(dictionary.GetField(1)->GetName(), "b");
-    EXPECT_EQ(dictionary.GetField(2), nullptr);
-    EXPECT_EQ(dictionary.GetField(-1), nullptr);
 }
 
 TEST(CFAssert, KeepsTheFirstBrokenInvariantEvenWhereItWasSwallowed)

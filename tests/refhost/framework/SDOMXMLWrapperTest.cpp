@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include "support/Cases.h"
+
 namespace {
 
 std::string AttributeOf(const SDOMXMLWrapper& element, const char* name)
@@ -36,33 +38,27 @@ TEST(GetFirstElement, GivesTheFirstThatAnswersToTheWholePath)
                                   "<f n='4'><g n='5'/><g n='6'/></f></e><p:q n='7'/>"
                                   "<e n='8'><f><g n='9'/></f></e><g n='10'/></r>"),
               nullptr);
-    struct Row {
-        const char* path;
-        const char* number;
-        const char* why;
-    };
     // clang-format off
-    for (const Row& row : {Row{"e", "1", "a child"},
-                           Row{"g", "10", "direct children only"},
-                           Row{"e/f/g", "5", "an element that leads nowhere is passed over, at every step"},
-                           Row{"p:q", "7", "the prefix belongs to the name"},
-                           Row{"q", nullptr, "and is not left out"},
-                           Row{"E", nullptr, "case counts"},
-                           Row{"e/g", nullptr, "no such child"},
-                           Row{"r", nullptr, "the root is not its own child"},
-                           Row{"e/", nullptr, "an empty step names nothing"},
-                           Row{"/e", nullptr, "an empty step names nothing"},
-                           Row{"", nullptr, "nor does an empty path"},
-                           Row{nullptr, nullptr, "or none"}}) {
-        // clang-format on
-        SCOPED_TRACE(row.why);
+    ExpectEach<const char*, std::string>({
+        {"e", "1", "a child"},
+        {"g", "10", "direct children only"},
+        {"e/f/g", "5", "an element that leads nowhere is passed over, at every step"},
+        {"p:q", "7", "the prefix belongs to the name"},
+        {"q", "none", "and is not left out"},
+        {"E", "none", "case counts"},
+        {"e/g", "none", "no such child"},
+        {"r", "none", "the root is not its own child"},
+        {"e/", "none", "an empty step names nothing"},
+        {"/e", "none", "an empty step names nothing"},
+        {"", "none", "nor does an empty path"},
+        {nullptr, "none", "or none"},
+    }, [&root](const char* path) -> std::string {
         SDOMXMLWrapper* found = &root;
-        EXPECT_EQ(root.GetFirstElement(row.path, &found, true), row.number != nullptr);
-        if (row.number)
-            EXPECT_EQ(AttributeOf(*found, "n"), row.number);
-        else
-            EXPECT_EQ(found, &root) << "the target stays as it was";
-    }
+        const bool isFound = root.GetFirstElement(path, &found, true);
+        EXPECT_EQ(isFound, found != &root) << "else the target stays as it was";
+        return isFound ? AttributeOf(*found, "n") : "none";
+    });
+    // clang-format on
 }
 
 TEST(GetElementIterator, WalksDirectChildrenInOrder)
@@ -84,32 +80,27 @@ TEST(GetAttribute, ReadsNumbersThatAreWhollyNumbers)
     ASSERT_NE(root.LoadFromString("<r i=' 12 ' d='2.75e1' t='12x' e='' h='0x10' big='99999999999' "
                                   "inf='1e999' n='nan' a='&lt;&quot;&#10;'/>"),
               nullptr);
-    struct Row {
-        const char* name;
-        int integer;
-        double number;
-        const char* why;
-    };
     // clang-format off
-    for (const Row& row : {Row{"i", 12, 12, "blanks around it don't count"},
-                           Row{"d", 27, 27.5, "cut for an integer"},
-                           Row{"big", 2147483647, 99999999999.0, "clamped for an integer"},
-                           Row{"t", 7, 7, "no number: not there"},
-                           Row{"e", 7, 7, "no number: not there"},
-                           Row{"h", 7, 7, "no number: not there"},
-                           Row{"inf", 7, 7, "no finite number: not there"},
-                           Row{"n", 7, 7, "no finite number: not there"},
-                           Row{"none", 7, 7, "not there"},
-                           Row{nullptr, 7, 7, "no name"}}) {
-        // clang-format on
-        SCOPED_TRACE(std::string(row.name ? row.name : "null") + ": " + row.why);
+    ExpectEach<const char*, std::pair<int, double>>({
+        {"i", {12, 12}, "blanks around it don't count"},
+        {"d", {27, 27.5}, "cut for an integer"},
+        {"big", {2147483647, 99999999999.0}, "clamped for an integer"},
+        {"t", {7, 7}, "no number: not there"},
+        {"e", {7, 7}, "no number: not there"},
+        {"h", {7, 7}, "no number: not there"},
+        {"inf", {7, 7}, "no finite number: not there"},
+        {"n", {7, 7}, "no finite number: not there"},
+        {"none", {7, 7}, "not there"},
+        {nullptr, {7, 7}, "no name"},
+    }, [&root](const char* name) {
         int integer = 7;
         double number = 7;
-        EXPECT_EQ(root.GetAttribute(row.name, integer), row.integer != 7);
-        EXPECT_EQ(root.GetAttribute(row.name, number), row.number != 7);
-        EXPECT_EQ(integer, row.integer);
-        EXPECT_EQ(number, row.number);
-    }
+        const bool isThere = root.GetAttribute(name, integer);
+        EXPECT_EQ(isThere, integer != 7);
+        EXPECT_EQ(root.GetAttribute(name, number), isThere);
+        return std::pair(integer, number);
+    });
+    // clang-format on
     EXPECT_EQ(AttributeOf(root, "a"), "<\"\n");
     EXPECT_EQ(AttributeOf(root, "e"), "") << "an empty text is there";
 }
