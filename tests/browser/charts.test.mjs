@@ -1,24 +1,13 @@
 import assert from "node:assert/strict";
 import { readFileSync } from "node:fs";
-import { after, before, test } from "node:test";
+import { test } from "node:test";
 
-import { openReport, reportFile, startBrowser } from "./support/browser.mjs";
+import { drawAll, openReport } from "./support/pages.mjs";
 
 const kReports = [
   "chick-feed", "department-ratings", "infertility", "insect-sprays",
   "mobility", "motor-trend", "new-york-air", "tooth-growth",
 ];
-let browser;
-
-before(async () => (browser = await startBrowser()));
-after(() => browser.close());
-
-// Draws all charts, as printing does, and waits for them.
-async function drawAll(page) {
-  await page.evaluate(() => dispatchEvent(new Event("beforeprint")));
-  await page.waitForFunction(() => !document.querySelector(".picture.waiting"));
-  await page.evaluate(() => dispatchEvent(new Event("afterprint")));
-}
 
 // How many marks of each kind the document of a chart asks for.
 function expectedMarks(spec) {
@@ -48,7 +37,7 @@ const drawnMarks = (figure) =>
 
 for (const name of kReports) {
   test(`${name}: every chart is drawn, with a mark for each row of its data`, async () => {
-    const page = await openReport(browser.context, name);
+    const page = await openReport(name);
     await drawAll(page);
     const figures = await page.locator("figure.chart").all();
     assert.ok(figures.length > 0);
@@ -62,12 +51,11 @@ for (const name of kReports) {
     }
     assert.deepEqual(page.said, []);
     assert.deepEqual(page.asked, []);
-    await page.close();
   });
 }
 
 test("a chart is drawn as it comes into view, in a box that keeps its size", async () => {
-  const page = await openReport(browser.context, "tooth-growth");
+  const page = await openReport("tooth-growth");
   const last = page.locator("figure.chart .picture").last();
   assert.match(await last.getAttribute("class"), /waiting/);
   const room = await last.evaluate((box) => ({ width: box.offsetWidth, height: box.offsetHeight }));
@@ -75,11 +63,10 @@ test("a chart is drawn as it comes into view, in a box that keeps its size", asy
   await page.waitForFunction(() => [...document.querySelectorAll(".picture")].at(-1).matches(".drawn"));
   const drawn = await last.evaluate((box) => ({ width: box.offsetWidth, height: box.offsetHeight }));
   assert.ok(Math.abs(drawn.height - room.height) <= 1, `${room.height} px were kept, ${drawn.height} px were needed`);
-  await page.close();
 });
 
 test("popups have several lines and show texts as texts", async () => {
-  const page = await openReport(browser.context, "insect-sprays");
+  const page = await openReport("insect-sprays");
   const bar = page.locator(".picture.drawn g.mark-rect.role-mark path").first();
   await page.locator("figure.chart").first().scrollIntoViewIfNeeded();
   await bar.waitFor();
@@ -92,11 +79,10 @@ test("popups have several lines and show texts as texts", async () => {
   assert.equal(await popup.locator("*").count(), 0);
   await page.mouse.move(2, 2);
   await popup.waitFor({ state: "hidden" });
-  await page.close();
 });
 
 test("the menu saves SVG and PNG and copies the JSON", async () => {
-  const page = await openReport(browser.context, "insect-sprays");
+  const page = await openReport("insect-sprays");
   const figure = page.locator("figure.chart").first();
   await figure.scrollIntoViewIfNeeded();
   const title = (await figure.locator(".title").textContent()).trim();
@@ -133,21 +119,10 @@ test("the menu saves SVG and PNG and copies the JSON", async () => {
   assert.equal(await figure.getByText(/editor/i).count(), 0);
   assert.deepEqual(page.said, []);
   assert.deepEqual(page.asked, []);
-  await page.close();
-});
-
-test("the data of each chart stand below it as a folded table", async () => {
-  const page = await openReport(browser.context, "insect-sprays");
-  const data = page.locator("figure.chart details.data").first();
-  assert.equal(await data.locator("table").isVisible(), false);
-  await data.locator("summary").click();
-  assert.equal(await data.locator("table").isVisible(), true);
-  assert.ok((await data.locator("tbody tr").count()) > 0);
-  await page.close();
 });
 
 test("colours of the drawn charts follow the switch without a new drawing", async () => {
-  const page = await openReport(browser.context, "insect-sprays");
+  const page = await openReport("insect-sprays");
   await page.locator("figure.chart").first().scrollIntoViewIfNeeded();
   const label = page.locator(".picture.drawn .role-axis-label text").first();
   await label.waitFor();
@@ -157,12 +132,4 @@ test("colours of the drawn charts follow the switch without a new drawing", asyn
   assert.notEqual(await color(), before);
   await page.locator(".theme label").nth(0).click();
   assert.equal(await color(), before);
-  await page.close();
-});
-
-test("the drawing libraries stand in the page once", () => {
-  const text = readFileSync(reportFile("insect-sprays"), "utf8");
-  assert.equal(text.split('e((t="undefined"!=typeof globalThis?globalThis:t||self).vega={})').length - 1, 1);
-  assert.match(text, /University of Washington Interactive Data Lab/);
-  assert.doesNotMatch(text, /sourceMappingURL/);
 });

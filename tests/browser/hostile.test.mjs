@@ -1,8 +1,8 @@
 import assert from "node:assert/strict";
 import { readFileSync } from "node:fs";
-import { after, before, test } from "node:test";
+import { test } from "node:test";
 
-import { openReport, startBrowser } from "./support/browser.mjs";
+import { drawAll, openReport } from "./support/pages.mjs";
 
 const job = JSON.parse(readFileSync(new URL("jobs/hostile.json", import.meta.url), "utf8"));
 const kLabels = [
@@ -12,14 +12,7 @@ const kLabels = [
   "\u202eright to left\u202c",
   "=1+2",
 ];
-let browser;
-let page;
-
-before(async () => {
-  browser = await startBrowser();
-  page = await openReport(browser.context, "hostile");
-});
-after(() => browser.close());
+const page = await openReport("hostile");
 
 test("labels stand in the page to the letter", async () => {
   const text = await page.evaluate(() => document.querySelector("main").textContent);
@@ -37,9 +30,7 @@ test("nothing of them became markup or ran", async () => {
 });
 
 test("charts draw them, popups show them", async () => {
-  await page.evaluate(() => dispatchEvent(new Event("beforeprint")));
-  await page.waitForFunction(() => !document.querySelector(".picture.waiting"));
-  await page.evaluate(() => dispatchEvent(new Event("afterprint")));
+  await drawAll(page);
   assert.equal(await page.locator(".not-drawn").count(), 0);
   const drawn = await page.$$eval(".picture svg", (all) => all.map((svg) => svg.outerHTML).join(""));
   assert.ok(drawn.includes("&lt;img src=x"), "as text");

@@ -1,17 +1,10 @@
 import assert from "node:assert/strict";
-import { after, before, test } from "node:test";
+import { test } from "node:test";
 
-import { openReport, startBrowser } from "./support/browser.mjs";
+import { openReport } from "./support/pages.mjs";
 
 const kReport = "tooth-growth";
-let browser;
-let page;
-
-before(async () => {
-  browser = await startBrowser();
-  page = await openReport(browser.context, kReport);
-});
-after(() => browser.close());
+const page = await openReport(kReport);
 
 const focused = () => page.evaluate(() => document.activeElement.getAttribute("href"));
 const links = (selector = "#outline .tree a") => page.locator(selector);

@@ -1,33 +1,20 @@
 import assert from "node:assert/strict";
-import { existsSync, readFileSync } from "node:fs";
-import { after, before, test } from "node:test";
+import { readFileSync } from "node:fs";
+import { test } from "node:test";
 import { pathToFileURL } from "node:url";
 
-import { openReport, reportFile, require, startBrowser } from "./support/browser.mjs";
+import { context, openReport, reportFile, require } from "./support/pages.mjs";
 
 const kAxe = readFileSync(require.resolve("axe-core/axe.min.js"), "utf8");
-let browser;
-
-before(async () => (browser = await startBrowser()));
-after(() => browser.close());
 
 const ground = (page) => page.evaluate(() => getComputedStyle(document.body).backgroundColor);
 const isDark = (color) => color.match(/\d+/g).slice(0, 3).every((part) => Number(part) < 80);
 
-test("a report says nothing on the console and asks nothing of the network", async () => {
-  const page = await openReport(browser.context, "motor-trend");
-  await page.locator("figure.chart .picture").last().scrollIntoViewIfNeeded();
-  await page.locator("figure.chart .picture.drawn").last().waitFor();
-  assert.deepEqual(page.said, []);
-  assert.deepEqual(page.asked, []);
+test("the policy stops a script that is not the page's own", async () => {
+  const page = await openReport("motor-trend");
   const policy = await page.getAttribute('meta[http-equiv="Content-Security-Policy"]', "content");
   assert.match(policy, /default-src 'none'/);
   assert.doesNotMatch(policy, /unsafe|https?:|\*/);
-  await page.close();
-});
-
-test("the policy stops a script that is not the page's own", async () => {
-  const page = await openReport(browser.context, "motor-trend");
   const ran = await page.evaluate(() => {
     const script = document.createElement("script");
     script.textContent = "window.ran = true";
@@ -35,7 +22,6 @@ test("the policy stops a script that is not the page's own", async () => {
     return window.ran === true;
   });
   assert.equal(ran, false);
-  await page.close();
 });
 
 for (const [name, theme, size] of [
@@ -46,7 +32,7 @@ for (const [name, theme, size] of [
   ["german", "dark", { width: 1280, height: 900 }],
 ]) {
   test(`axe finds nothing in ${name}, ${theme}, ${size.width} px wide`, async () => {
-    const page = await openReport(browser.context, name, { size });
+    const page = await openReport(name, { size });
     await page.evaluate((wanted) => (document.documentElement.dataset.theme = wanted), theme);
     await page.waitForFunction(() => !document.querySelector("figure.chart") || document.querySelector(".picture.drawn, .not-drawn, .waiting"));
     await page.evaluate(() => {
@@ -60,12 +46,11 @@ for (const [name, theme, size] of [
       violations.map((one) => [one.id, one.nodes.slice(0, 3).map((node) => [node.html.slice(0, 160), node.failureSummary])]),
       [],
     );
-    await page.close();
   });
 }
 
 test("one switch turns page, tables and charts; light comes first", async () => {
-  const page = await openReport(browser.context, "insect-sprays");
+  const page = await openReport("insect-sprays");
   await page.emulateMedia({ colorScheme: "dark" });
   assert.equal(isDark(await ground(page)), false, "light, whatever the system has");
   const choose = (at) => page.locator(".theme label").nth(at).click();
@@ -81,11 +66,10 @@ test("one switch turns page, tables and charts; light comes first", async () => 
   await page.keyboard.press("ArrowLeft");
   assert.equal(isDark(await ground(page)), true, "by keyboard");
   await choose(0);
-  await page.close();
 });
 
 test("on paper: no outline, no buttons, light, all charts drawn", async () => {
-  const page = await openReport(browser.context, "insect-sprays");
+  const page = await openReport("insect-sprays");
   await page.locator(".theme label").nth(1).click();
   const pdf = await page.pdf({ format: "A4" });
   assert.equal(pdf.subarray(0, 4).toString(), "%PDF");
@@ -99,12 +83,9 @@ test("on paper: no outline, no buttons, light, all charts drawn", async () => {
   assert.equal(style, "table-header-group", "header rows are repeated");
   await page.emulateMedia({ media: null });
   await page.locator(".theme label").nth(0).click();
-  await page.close();
 });
 
 test("with script off, outline, tables, notes and texts are complete", async () => {
-  const plain = await browser.context.browser()?.newContext({ javaScriptEnabled: false });
-  const context = plain ?? browser.context;
   const page = await context.newPage();
   const session = await context.newCDPSession(page);
   await session.send("Emulation.setScriptExecutionDisabled", { value: true });
@@ -122,25 +103,21 @@ test("with script off, outline, tables, notes and texts are complete", async () 
   assert.ok(await chart.locator("details.data").isVisible());
   await chart.locator("details.data summary").click();
   assert.ok(await chart.locator("details.data table").isVisible());
-  await page.close();
 });
 
 test("the page speaks the language of the output", async () => {
-  const page = await openReport(browser.context, "german");
+  const page = await openReport("german");
   assert.equal(await page.getAttribute("html", "lang"), "de");
   assert.equal(await page.locator("#outline-name").textContent(), "Gliederung");
   assert.equal(await page.locator("figure.table button").first().textContent(), "Kopieren");
-  await page.close();
 });
 
 test("the tab key meets skip links, switch, results and outline", async () => {
-  const page = await openReport(browser.context, "insect-sprays");
+  const page = await openReport("insect-sprays");
   const met = [];
   for (let press = 0; press < 4; ++press) {
     await page.keyboard.press("Tab");
     met.push(await page.evaluate(() => document.activeElement.className || document.activeElement.name || document.activeElement.closest("main")?.id));
   }
   assert.deepEqual(met.slice(0, 3), ["skip", "skip", "theme"]);
-  assert.ok(existsSync(reportFile("insect-sprays")));
-  await page.close();
 });

@@ -1,16 +1,9 @@
 import assert from "node:assert/strict";
-import { after, before, test } from "node:test";
+import { test } from "node:test";
 
-import { openReport, startBrowser } from "./support/browser.mjs";
+import { openReport } from "./support/pages.mjs";
 
-let browser;
-let page;
-
-before(async () => {
-  browser = await startBrowser();
-  page = await openReport(browser.context, "many");
-});
-after(() => browser.close());
+const page = await openReport("many");
 
 test("a report of a thousand tables opens, and its last entry is reached by the outline", async () => {
   const tables = await page.locator("figure.table").count();

@@ -1,17 +1,10 @@
 import assert from "node:assert/strict";
 import { readFileSync } from "node:fs";
-import { after, before, test } from "node:test";
+import { test } from "node:test";
 
-import { openReport, startBrowser } from "./support/browser.mjs";
+import { openReport } from "./support/pages.mjs";
 
-let browser;
-let page;
-
-before(async () => {
-  browser = await startBrowser();
-  page = await openReport(browser.context, "insect-sprays");
-});
-after(() => browser.close());
+const page = await openReport("insect-sprays");
 
 const clipboard = (type) =>
   page.evaluate(async (wanted) => {
