@@ -183,7 +183,7 @@ private:
     {
         const GridAxis& columns = fGrid.Columns();
         const bool hasTitles = !fGrid.Rows().fCorner.empty();
-        const unsigned rows = std::max(columns.fLevels, hasTitles ? 1U : 0U);
+        const unsigned rows = fGrid.HeadRows();
         if (rows == 0) return;
         fOut.append("<thead>\n");
         auto header = columns.fHeaders.begin();

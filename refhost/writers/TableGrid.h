@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <span>
 #include <vector>
@@ -48,6 +49,12 @@ public:
     const TableNode& Table() const { return fTable; }
     const GridAxis& Rows() const { return fRows; }
     const GridAxis& Columns() const { return fColumns; }
+
+    /// Rows above the cells: the levels of the columns, or one for the titles in the corner alone.
+    unsigned HeadRows() const
+    {
+        return std::max(fColumns.fLevels, fRows.fCorner.empty() ? 0U : 1U);
+    }
 
     struct PlacedCell {
         std::size_t fColumn;

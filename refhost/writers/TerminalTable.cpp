@@ -252,7 +252,7 @@ private:
             fWraps = fWraps || widths[column] < needs[column].fNatural;
         const BoxDrawing drawing(widths);
         BoxRow above;
-        for (std::size_t level = 0; level < HeaderRows(); ++level)
+        for (std::size_t level = 0; level < fGrid.HeadRows(); ++level)
             Draw(drawing, HeaderRow(drawing, band, level), /*ruled=*/true, above);
         WriteBody(drawing, band, above);
         fLine.clear();
@@ -270,12 +270,6 @@ private:
         above = std::move(row);
     }
 
-    std::size_t HeaderRows() const
-    {
-        const std::size_t levels = fGrid.Columns().fLevels;
-        return levels == 0 && !fGrid.Rows().fCorner.empty() ? 1 : levels;
-    }
-
     void SortHeadersByLevel()
     {
         fHeadersOfLevel.resize(fGrid.Columns().fLevels);
@@ -288,7 +282,7 @@ private:
 
     BoxRow HeaderRow(const BoxDrawing& drawing, const Band& band, std::size_t level) const
     {
-        BoxRow row = CornerRow(drawing, level + 1 == HeaderRows());
+        BoxRow row = CornerRow(drawing, level + 1 == fGrid.HeadRows());
         if (level >= fHeadersOfLevel.size()) {  // titles of rows only
             row.push_back({.fColumn = fLevels, .fColumns = band.fLast - band.fFirst, .fLines = {}});
             return row;

@@ -38,7 +38,7 @@ public:
           fGrid(table),
           fNotes(fGrid),
           fFirstColumn(std::max(1U, fGrid.Rows().fLevels)),
-          fFirstRow(kFirstTableRow + fGrid.Columns().fLevels),
+          fFirstRow(kFirstTableRow + fGrid.HeadRows()),
           fWidths(fFirstColumn + fGrid.Columns().fLines, kNarrowestColumn)
     {
     }
@@ -79,15 +79,21 @@ private:
     void WriteColumnHeaders()
     {
         const GridAxis& columns = fGrid.Columns();
-        for (unsigned level = 0; level < columns.fLevels; ++level) {
-            const std::size_t row = kFirstTableRow + level;
-            const bool isLast = level + 1 == columns.fLevels;
-            WriteBlanks(row, 0, fFirstColumn - 1, Style::ColumnHeader);
-            if (isLast)
-                for (const GridHeader& title : fGrid.Rows().fCorner)
-                    WriteLabel(row, title.fLevel, title, Style::ColumnHeader);
+        for (std::size_t row = kFirstTableRow; row < fFirstRow; ++row) {
+            const std::size_t blanks = columns.fLevels == 0 ? fWidths.size() : fFirstColumn;
+            WriteBlanks(row, 0, blanks - 1, Style::ColumnHeader);
+            if (row + 1 == fFirstRow) WriteCorner(row);
             for (const GridHeader& header : columns.fHeaders)
-                WriteHeaderLevel(header, level);
+                WriteHeaderLevel(header, static_cast<unsigned>(row - kFirstTableRow));
+        }
+    }
+
+    void WriteCorner(std::size_t row)
+    {
+        for (const GridHeader& title : fGrid.Rows().fCorner) {
+            WriteLabel(row, title.fLevel, title, Style::ColumnHeader);
+            JoinCells(fSheet, Row(row), Column(title.fLevel), Row(row),
+                      Column(title.fLevel + title.fLevels - 1));
         }
     }
 

@@ -6,9 +6,10 @@
 #include <regex>
 #include <set>
 
-#include "refhost/html/Nodes.h"
 #include "refhost/writers/ByteOutput.h"
 #include "refhost/writers/HtmlOutline.h"
+
+#include "support/Nodes.h"
 
 namespace refhost {
 namespace {

@@ -1,4 +1,4 @@
-#include "refhost/html/Nodes.h"
+#include "support/Nodes.h"
 
 #include "refhost/writers/ByteOutput.h"
 #include "refhost/writers/HtmlWriter.h"

@@ -1,0 +1,72 @@
+#include "refhost/writers/XlsxTable.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <regex>
+
+#include "refhost/writers/XlsxBook.h"
+
+#include "support/Nodes.h"
+
+namespace refhost {
+namespace {
+
+using namespace test;
+using testing::HasSubstr;
+
+/// The rows of a table's sheet, as the file will hold them.
+std::string SheetOf(const TableNode& table)
+{
+    const std::string file = testing::TempDir() + "table.xlsx";
+    XlsxBook book(file, "the book");
+    lxw_worksheet* sheet = book.AddSheet("Table");
+    WriteTableSheet(book, sheet, table, "path");
+    std::string rows;
+    std::rewind(sheet->optimize_tmpfile);
+    char part[1U << 16U];
+    while (const std::size_t read = std::fread(part, 1, sizeof part, sheet->optimize_tmpfile))
+        rows.append(part, read);
+    book.Close();
+    std::remove(file.c_str());
+    return rows;
+}
+
+/// "A4=text" for each cell that holds something. The last row of a sheet isn't there yet.
+std::string Cells(const std::string& sheet)
+{
+    std::string cells;
+    const std::regex cell("<c r=\"([A-Z]+\\d+)\"[^>]*>(?:<is><t[^>]*>|<v>)([^<]*)<");
+    for (std::sregex_iterator at(sheet.begin(), sheet.end(), cell), end; at != end; ++at)
+        cells += at->str(1) + "=" + at->str(2) + " ";
+    return cells;
+}
+
+TEST(XlsxTable, SetsTitlesOfRowsAboveTheirLabels)
+{
+    const auto rows = PivotPlace::Rows;
+    struct Row {
+        std::vector<PivotDimension> columns;
+        const char* cells;
+        const char* why;
+    };
+    for (const Row& row :
+         {Row{{}, "A4=Education B4=status A5=0 to 5 B5=case C5=7 ", "columns without levels"},
+          Row{{Dimension("Statistics", PivotPlace::Columns, {Category("N")})},
+              "C4=Statistics A5=Education B5=status C5=N A6=0 to 5 B6=case C6=7 ",
+              "at the last level of the columns"}}) {
+        SCOPED_TRACE(row.why);
+        TableNode table;
+        table.fCaption = Words("caption");
+        table.fDimensions = {Dimension("Education", rows, {Category("0 to 5")}),
+                             Dimension("status", rows, {Category("case")})};
+        for (const PivotDimension& dimension : row.columns)
+            table.fDimensions.push_back(dimension);
+        table.fCells = {Cell(std::vector<std::uint32_t>(table.fDimensions.size()), Number(7, "7"))};
+        EXPECT_THAT(Cells(SheetOf(table)), HasSubstr(row.cells));
+    }
+}
+
+}  // namespace
+}  // namespace refhost
