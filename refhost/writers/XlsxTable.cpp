@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "refhost/writers/Footnotes.h"
+#include "refhost/writers/ReportWords.h"
 #include "refhost/writers/TableGrid.h"
 #include "refhost/writers/XlsxBook.h"
 
@@ -20,8 +21,27 @@ constexpr double kNarrowestColumn = 9;
 constexpr double kWidestColumn = 48;
 constexpr double kColumnPadding = 2;
 
-lxw_row_t Row(std::size_t row) { return static_cast<lxw_row_t>(row); }
-lxw_col_t Column(std::size_t column) { return static_cast<lxw_col_t>(column); }
+// What lies beyond a sheet stays beyond it, where the library takes nothing.
+lxw_row_t Row(std::size_t row)
+{
+    return static_cast<lxw_row_t>(std::min<std::size_t>(row, LXW_ROW_MAX));
+}
+lxw_col_t Column(std::size_t column)
+{
+    return static_cast<lxw_col_t>(std::min<std::size_t>(column, LXW_COL_MAX));
+}
+
+/// How many of `count` lines fit behind others that are taken.
+std::size_t Fitting(std::size_t count, std::size_t taken, std::size_t most)
+{
+    return std::min(count, most - std::min(taken, most));
+}
+
+std::string CutNote(std::string_view language, std::string_view key, std::size_t held,
+                    std::size_t all)
+{
+    return ReportSentence(language, key, {std::to_string(held), std::to_string(all)});
+}
 
 std::string WithMarks(const std::string& text, const std::string& marks)
 {
@@ -31,15 +51,19 @@ std::string WithMarks(const std::string& text, const std::string& marks)
 /// A pivot table on its way into a sheet. Rows are written from top to bottom, once each.
 class TableSheet {
 public:
-    TableSheet(XlsxBook& book, lxw_worksheet* sheet, const TableNode& table)
+    TableSheet(XlsxBook& book, lxw_worksheet* sheet, const TableNode& table,
+               std::string_view language)
         : fBook(book),
           fSheet(sheet),
           fTable(table),
+          fLanguage(language),
           fGrid(table),
           fNotes(fGrid),
           fFirstColumn(std::max(1U, fGrid.Rows().fLevels)),
           fFirstRow(kFirstTableRow + fGrid.HeadRows()),
-          fWidths(fFirstColumn + fGrid.Columns().fLines, kNarrowestColumn)
+          fColumns(Fitting(fGrid.Columns().fLines, fFirstColumn, LXW_COL_MAX)),
+          fRows(Fitting(fGrid.Rows().fLines, fFirstRow + NoteRows(), LXW_ROW_MAX)),
+          fWidths(fFirstColumn + fColumns, kNarrowestColumn)
     {
     }
 
@@ -100,9 +124,10 @@ private:
     void WriteHeaderLevel(const GridHeader& header, unsigned level)
     {
         if (level < header.fLevel || level >= header.fLevel + header.fLevels) return;
+        if (header.fLine >= fColumns) return;
         const std::size_t row = kFirstTableRow + level;
         const std::size_t first = fFirstColumn + header.fLine;
-        const std::size_t last = first + header.fLines - 1;
+        const std::size_t last = std::min(first + header.fLines, fWidths.size()) - 1;
         WriteBlanks(row, first, last, Style::ColumnHeader);
         if (level == header.fLevel) WriteLabel(row, first, header, Style::ColumnHeader);
         if (level + 1 == header.fLevel + header.fLevels)
@@ -114,17 +139,19 @@ private:
     {
         const GridAxis& rows = fGrid.Rows();
         auto header = rows.fHeaders.begin();
-        for (std::size_t line = 0; line < rows.fLines; ++line) {
+        for (std::size_t line = 0; line < fRows; ++line) {
             const std::size_t row = fFirstRow + line;
             WriteBlanks(row, 0, fFirstColumn - 1, Style::RowHeader);
             for (; header != rows.fHeaders.end() && header->fLine == line; ++header) {
                 WriteLabel(row, header->fLevel, *header, Style::RowHeader);
-                JoinCells(fSheet, Row(row), Column(header->fLevel), Row(row + header->fLines - 1),
+                const std::size_t last = std::min(line + header->fLines, fRows) - 1;
+                JoinCells(fSheet, Row(row), Column(header->fLevel), Row(fFirstRow + last),
                           Column(header->fLevel + header->fLevels - 1));
             }
             WriteBlanks(row, fFirstColumn, fWidths.size() - 1, Style::Cell);
             for (const TableGrid::PlacedCell& cell : fGrid.RowCells(line))
-                WriteCell(row, fFirstColumn + cell.fColumn, *cell.fCell);
+                if (cell.fColumn < fColumns)
+                    WriteCell(row, fFirstColumn + cell.fColumn, *cell.fCell);
         }
     }
 
@@ -152,24 +179,40 @@ private:
                number.fNumber != std::numeric_limits<double>::lowest();
     }
 
+    /// Rows below the table: a blank one, what is said of a cut, caption and notes.
+    std::size_t NoteRows() const
+    {
+        constexpr std::size_t kMostNoteRows = LXW_ROW_MAX / 2;
+        return std::min(4 + fNotes.Notes().size(), kMostNoteRows);
+    }
+
     void WriteNotes()
     {
-        std::size_t row = fFirstRow + fGrid.Rows().fLines + 1;
-        if (fTable.fCaption)
-            WriteText(fSheet, Row(row++), 0, fTable.fCaption->fShown, fBook.Format(Style::Caption));
+        std::size_t row = fFirstRow + fRows + 1;
+        const auto write = [this, &row](std::string_view text, Style style) {
+            WriteText(fSheet, Row(row++), 0, text, fBook.Format(style));
+        };
+        const std::size_t rows = fGrid.Rows().fLines;
+        const std::size_t columns = fGrid.Columns().fLines;
+        if (fColumns < columns)
+            write(CutNote(fLanguage, "held-columns", fColumns, columns), Style::Plain);
+        if (fRows < rows) write(CutNote(fLanguage, "held-rows", fRows, rows), Style::Plain);
+        if (fTable.fCaption) write(fTable.fCaption->fShown, Style::Caption);
         const std::vector<const Text*>& notes = fNotes.Notes();
         for (std::size_t note = 0; note < notes.size(); ++note)
-            WriteText(fSheet, Row(row++), 0, FootnoteLetter(note) + ". " + notes[note]->fShown,
-                      fBook.Format(Style::Plain));
+            write(FootnoteLetter(note) + ". " + notes[note]->fShown, Style::Plain);
     }
 
     XlsxBook& fBook;
     lxw_worksheet* fSheet;
     const TableNode& fTable;
+    const std::string_view fLanguage;
     const TableGrid fGrid;
     const Footnotes fNotes;
     const std::size_t fFirstColumn;  // of cells
     const std::size_t fFirstRow;     // of cells
+    const std::size_t fColumns;      // of cells, as many as the sheet holds
+    const std::size_t fRows;         // likewise
     std::vector<double> fWidths;     // in characters
 };
 
@@ -180,13 +223,19 @@ void WriteHead(XlsxBook& book, lxw_worksheet* sheet, std::string_view title,
     WriteText(sheet, 1, 0, path, book.Format(Style::Faint));
 }
 
-void WriteSource(XlsxBook& book, lxw_worksheet* sheet, const ChartSource& source, lxw_row_t& row)
+void WriteSource(XlsxBook& book, lxw_worksheet* sheet, const ChartSource& source,
+                 std::string_view language, lxw_row_t& row)
 {
+    constexpr lxw_row_t kOtherRows = 2;  // what is said of a cut, and the names
+    const std::size_t rows = Fitting(source.fRows, row + kOtherRows, LXW_ROW_MAX);
+    if (rows < source.fRows)
+        WriteText(sheet, row++, 0, CutNote(language, "held-rows", rows, source.fRows),
+                  book.Format(Style::Plain));
     for (std::size_t column = 0; column < source.fColumns.size(); ++column)
         WriteText(sheet, row, Column(column), source.fColumns[column].fName,
                   book.Format(Style::ColumnHeader));
     ++row;
-    for (std::size_t line = 0; line < source.fRows; ++line, ++row) {
+    for (std::size_t line = 0; line < rows; ++line, ++row) {
         for (std::size_t column = 0; column < source.fColumns.size(); ++column) {
             const std::vector<ChartValue>& values = source.fColumns[column].fValues;
             if (line >= values.size()) continue;
@@ -204,14 +253,14 @@ void WriteSource(XlsxBook& book, lxw_worksheet* sheet, const ChartSource& source
 }  // namespace
 
 void WriteTableSheet(XlsxBook& book, lxw_worksheet* sheet, const TableNode& table,
-                     const std::string& path)
+                     const std::string& path, std::string_view language)
 {
     WriteHead(book, sheet, table.fTitle ? table.fTitle->fShown : "", path);
-    TableSheet(book, sheet, table).Write();
+    TableSheet(book, sheet, table, language).Write();
 }
 
 void WriteChartSheet(XlsxBook& book, lxw_worksheet* sheet, const ChartNode& chart,
-                     const std::string& path)
+                     const std::string& path, std::string_view language)
 {
     WriteHead(book, sheet, chart.fTitle, path);
     lxw_row_t row = 2;
@@ -219,7 +268,7 @@ void WriteChartSheet(XlsxBook& book, lxw_worksheet* sheet, const ChartNode& char
         if (!text->empty()) WriteText(sheet, row++, 0, *text, book.Format(Style::Plain));
     ++row;
     for (const ChartSource& source : chart.fSources)
-        WriteSource(book, sheet, source, row);
+        WriteSource(book, sheet, source, language, row);
     worksheet_set_column(sheet, 0, 0, kWidestColumn / 2, nullptr);
 }
 

@@ -61,14 +61,14 @@ void XlsxWriter::Write(const TableNode& table)
     const std::string title = table.fTitle ? table.fTitle->fShown : std::string();
     lxw_worksheet* sheet = fBook.AddSheet(title);
     ListSheet(sheet, title);
-    WriteTableSheet(fBook, sheet, table, Path());
+    WriteTableSheet(fBook, sheet, table, Path(), fLanguage);
 }
 
 void XlsxWriter::Write(const ChartNode& chart)
 {
     lxw_worksheet* sheet = fBook.AddSheet(chart.fTitle);
     ListSheet(sheet, chart.fTitle);
-    WriteChartSheet(fBook, sheet, chart, Path());
+    WriteChartSheet(fBook, sheet, chart, Path(), fLanguage);
 }
 
 void XlsxWriter::Write(const ErrorNode& error) { List(error.fText); }

@@ -19,17 +19,14 @@ using testing::HasSubstr;
 /// The rows of a table's sheet, as the file will hold them.
 std::string SheetOf(const TableNode& table)
 {
-    const std::string file = testing::TempDir() + "table.xlsx";
-    XlsxBook book(file, "the book");
+    XlsxBook book(testing::TempDir() + "table.xlsx", "the book");  // never closed, so never made
     lxw_worksheet* sheet = book.AddSheet("Table");
-    WriteTableSheet(book, sheet, table, "path");
+    WriteTableSheet(book, sheet, table, "path", "de");
     std::string rows;
     std::rewind(sheet->optimize_tmpfile);
     char part[1U << 16U];
     while (const std::size_t read = std::fread(part, 1, sizeof part, sheet->optimize_tmpfile))
         rows.append(part, read);
-    book.Close();
-    std::remove(file.c_str());
     return rows;
 }
 
@@ -65,6 +62,33 @@ TEST(XlsxTable, SetsTitlesOfRowsAboveTheirLabels)
             table.fDimensions.push_back(dimension);
         table.fCells = {Cell(std::vector<std::uint32_t>(table.fDimensions.size()), Number(7, "7"))};
         EXPECT_THAT(Cells(SheetOf(table)), HasSubstr(row.cells));
+    }
+}
+
+TEST(XlsxTable, SaysWhatASheetHasNoRoomFor)
+{
+    struct Row {
+        PivotPlace place;
+        std::size_t lines;
+        const char* note;
+        const char* why;
+    };
+    for (const Row& row :
+         {Row{PivotPlace::Columns, 65'556, "Hier stehen die ersten 16383 von 65556 Spalten.",
+              "columns that sixteen bits don't count"},
+          Row{PivotPlace::Rows, 1'048'576, "Hier stehen die ersten 1048568 von 1048576 Zeilen.",
+              "rows, of which the notes need some"}}) {
+        SCOPED_TRACE(row.why);
+        TableNode table;
+        table.fCaption = Words("caption");
+        table.fDimensions = {
+            Dimension("n", row.place, std::vector<PivotItem>(row.lines, Category("l")))};
+        const TextRef number = Number(7, "7");
+        for (std::uint32_t line = 0; line < row.lines; ++line)
+            table.fCells.push_back(Cell({line}, number));
+        const std::string sheet = SheetOf(table);
+        EXPECT_THAT(sheet.substr(sheet.size() - 200), HasSubstr(row.note));
+        EXPECT_THAT(sheet, Not(HasSubstr("ref=\"A1048577")));
     }
 }
 
