@@ -8,6 +8,7 @@
 #include "refhost/writers/Footnotes.h"
 #include "refhost/writers/ReportWords.h"
 #include "refhost/writers/TableGrid.h"
+#include "refhost/writers/TerminalText.h"
 #include "refhost/writers/XlsxBook.h"
 
 namespace refhost {
@@ -83,7 +84,7 @@ private:
         const std::string marks = header.fNotes ? fNotes.Marks(*header.fNotes) : std::string();
         const std::string text = WithMarks(header.fLabel->fShown, marks);
         WriteText(fSheet, Row(row), Column(column), text, fBook.Format(style));
-        if (header.fLines == 1 || style == Style::RowHeader) Widen(column, text.size());
+        if (header.fLines == 1 || style == Style::RowHeader) Widen(column, text);
     }
 
     /// The cells of a header but its first, so that borders and ground go through.
@@ -93,10 +94,10 @@ private:
             worksheet_write_blank(fSheet, Row(row), Column(column), fBook.Format(style));
     }
 
-    void Widen(std::size_t column, std::size_t characters)
+    void Widen(std::size_t column, std::string_view text)
     {
         const double width =
-            std::min(kWidestColumn, static_cast<double>(characters) + kColumnPadding);
+            std::min(kWidestColumn, static_cast<double>(DisplayWidth(text)) + kColumnPadding);
         fWidths[column] = std::max(fWidths[column], width);
     }
 
@@ -169,7 +170,7 @@ private:
             WithMarks(cell.fContent ? cell.fContent->fShown : std::string(), marks);
         WriteText(fSheet, Row(row), Column(column), text,
                   number ? fBook.NumberFormat(0, "") : fBook.Format(Style::Cell));
-        Widen(column, text.size());
+        Widen(column, text);
     }
 
     /// The missing number is the most negative finite one.

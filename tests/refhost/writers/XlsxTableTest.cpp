@@ -92,5 +92,23 @@ TEST(XlsxTable, SaysWhatASheetHasNoRoomFor)
     }
 }
 
+TEST(XlsxTable, WidensColumnsByWhatAReaderSees)
+{
+    struct Row {
+        const char* label;
+        double width;
+        const char* why;
+    };
+    for (const Row& row :
+         {Row{"no", 9, "the narrowest"}, Row{"Größe, länger üblich", 22, "umlauts"},
+          Row{"一二三四五六", 14, "characters of two columns"}}) {
+        SCOPED_TRACE(row.why);
+        XlsxBook book(testing::TempDir() + "table.xlsx", "the book");
+        lxw_worksheet* sheet = book.AddSheet("Table");
+        WriteTableSheet(book, sheet, PlainTable("", {row.label}), "", "en");
+        EXPECT_EQ(sheet->col_options[0]->width, row.width);
+    }
+}
+
 }  // namespace
 }  // namespace refhost
