@@ -13,6 +13,7 @@
 #include <filesystem>
 #include <new>
 
+#include "refhost/data/Characters.h"
 #include "refhost/document/WriteFailure.h"
 #include "refhost/writers/WellFormed.h"
 
@@ -71,14 +72,18 @@ std::string FolderOfFile(const std::string& file)
     return folder.empty() ? "." : folder;
 }
 
-/// The first `characters` characters of a UTF-8 text.
-std::string_view Leading(std::string_view text, std::size_t characters)
+/// The front of a text that `units` hold, as the file format counts: a character beyond the basic
+/// plane is two.
+std::string_view Leading(std::string_view text, std::size_t units)
 {
+    if (text.size() <= units) return text;  // no character takes more units than bytes
     std::size_t end = 0;
     while (end < text.size()) {
-        const bool startsCharacter = (static_cast<unsigned char>(text[end]) & 0xC0U) != 0x80U;
-        if (startsCharacter && characters-- == 0) break;
-        ++end;
+        const Character character = FirstCharacter(text.substr(end));
+        const std::size_t taken = character.fCode > 0xFFFF ? 2 : 1;
+        if (taken > units) break;
+        units -= taken;
+        end += character.fBytes;
     }
     return text.substr(0, end);
 }
@@ -88,11 +93,11 @@ std::string SheetName(std::size_t number, std::string_view title)
 {
     std::string name = fmt::format("{} {}", number, title);
     for (char& character : name)
-        if (std::string_view("[]:*?/\\'\t\r\n").find(character) != std::string_view::npos)
+        if (std::string_view("[]:*?/\\'").find(character) != std::string_view::npos ||
+            static_cast<unsigned char>(character) < ' ')
             character = ' ';
-    // Counted in bytes where characters beyond the basic plane could count twice.
-    std::string_view leading = Leading(name, kLongestSheetName / 2);
-    if (name.size() <= kLongestSheetName) leading = name;
+    std::string scratch;
+    std::string_view leading = Leading(WellFormed(name, scratch), kLongestSheetName);
     while (leading.ends_with(' '))
         leading.remove_suffix(1);
     return std::string(leading);
@@ -218,10 +223,8 @@ void WriteText(lxw_worksheet* sheet, lxw_row_t row, lxw_col_t column, std::strin
 {
     std::string scratch;
     text = WellFormed(text, scratch);
-    // A cell counts characters; fewer than this many bytes always fit.
-    std::string content(text.size() <= kLongestCellText ? text
-                                                        : Leading(text, kLongestCellText / 2));
-    if (content.size() < text.size()) content += "…";
+    std::string content(Leading(text, kLongestCellText));
+    if (content.size() < text.size()) content.assign(Leading(text, kLongestCellText - 1)) += "…";
     worksheet_write_string(sheet, row, column, content.c_str(), format);
 }
 

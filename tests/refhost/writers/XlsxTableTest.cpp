@@ -110,5 +110,26 @@ TEST(XlsxTable, WidensColumnsByWhatAReaderSees)
     }
 }
 
+TEST(XlsxBook, NamesSheetsAsLongAsANameMayBe)
+{
+    struct Row {
+        std::string title;
+        std::string name;
+        const char* why;
+    };
+    XlsxBook book(testing::TempDir() + "table.xlsx", "the book");
+    book.AddSheet("Outline");
+    for (const Row& row : {
+             Row{"One-Sample Kolmogorov-Smirnov Test", "1 One-Sample Kolmogorov-Smirnov",
+                 "letters"},
+             Row{"Größenverhältnisse über fünf Jahre", "2 Größenverhältnisse über fünf", "umlauts"},
+             Row{"𝔘𝔘𝔘𝔘𝔘𝔘𝔘𝔘𝔘𝔘𝔘𝔘𝔘𝔘𝔘", "3 𝔘𝔘𝔘𝔘𝔘𝔘𝔘𝔘𝔘𝔘𝔘𝔘𝔘𝔘", "each counts as two"},
+             Row{"a/b [c]\x01\xFF", "4 a b  c  \uFFFD", "what no name may hold"},
+         }) {
+        SCOPED_TRACE(row.why);
+        EXPECT_EQ(book.AddSheet(row.title)->name, row.name);
+    }
+}
+
 }  // namespace
 }  // namespace refhost
