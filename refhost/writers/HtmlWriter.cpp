@@ -233,17 +233,13 @@ private:
     /// What a reader of an incomplete report has to know; the page shows it above the results.
     void FillNotice()
     {
-        std::string_view sentence = fEnd.fNotice;
-        if (sentence.empty() && !fEnd.fFailure.empty()) sentence = Word("incomplete");
-        if (sentence.empty() && !fEnd.fResult) sentence = Word("not-read");
-        if (sentence.empty()) return;
+        const std::vector<std::string> lines = NoticeLines(fEnd, fLanguage);
+        if (lines.empty()) return;
         fMarkup.append("<aside class=\"notice\" aria-label=\"").append(Word("notice"));
-        fMarkup.append("\">\n<p>");
-        AppendMarkupText(fMarkup, sentence);
-        fMarkup.append("</p>\n");
-        if (!fEnd.fFailure.empty()) {
+        fMarkup.append("\">\n");
+        for (const std::string& line : lines) {
             fMarkup.append("<p>");
-            AppendMarkupText(fMarkup, fEnd.fFailure);
+            AppendMarkupText(fMarkup, line);
             fMarkup.append("</p>\n");
         }
         fMarkup.append("</aside>\n");

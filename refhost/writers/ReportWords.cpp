@@ -1,5 +1,7 @@
 #include "refhost/writers/ReportWords.h"
 
+#include "refhost/document/OutputSink.h"
+
 namespace refhost {
 
 namespace {
@@ -118,6 +120,19 @@ std::string ReportSentence(std::string_view language, std::string_view key,
         ++place;
     }
     return filled;
+}
+
+std::vector<std::string> NoticeLines(const RunEnd& end, std::string_view language)
+{
+    const auto word = [language](std::string_view key) {
+        return std::string(ReportWord(language, key));
+    };
+    if (end.fFailure.empty() && end.fNotice.empty())
+        return end.fResult ? std::vector<std::string>() : std::vector{word("not-read")};
+    std::vector<std::string> lines{word("incomplete")};
+    for (const std::string* text : {&end.fNotice, &end.fFailure})
+        if (!text->empty()) lines.push_back(*text);
+    return lines;
 }
 
 }  // namespace refhost

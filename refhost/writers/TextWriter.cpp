@@ -46,10 +46,10 @@ public:
 
     void End(const RunEnd& end) override
     {
-        if (!end.fNotice.empty()) {
-            Part();
-            Paragraph("", end.fNotice);
-        }
+        const std::vector<std::string> notice = NoticeLines(end, fLanguage);
+        if (!notice.empty()) Part();
+        for (const std::string& line : notice)
+            Paragraph("", line);
         fOutput->Close();
     }
 

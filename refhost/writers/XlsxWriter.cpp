@@ -11,7 +11,7 @@ namespace refhost {
 namespace {
 
 constexpr std::size_t kMostLinks = 65530;  // the file format's limit for a sheet
-constexpr lxw_row_t kMostRows = 1048576;   // likewise
+constexpr lxw_row_t kEndRows = 4;          // of the outline, for what the end has to say
 constexpr std::size_t kDeepestIndent = 15;
 constexpr double kOutlineWidth = 3;
 
@@ -48,11 +48,12 @@ void XlsxWriter::Node(OutputNodePtr&& node)
 
 void XlsxWriter::End(const RunEnd& end)
 {
-    const std::string& notice = end.fFailure.empty() ? end.fNotice : end.fFailure;
-    if (!notice.empty())
-        List(fmt::format("{} {}", ReportWord(fLanguage, "incomplete"), notice));
-    else if (!end.fResult)
-        List(std::string(ReportWord(fLanguage, "not-read")));
+    std::vector<std::string> lines = NoticeLines(end, fLanguage);
+    if (fLeftOut > 0)
+        lines.push_back(ReportSentence(fLanguage, "held-rows",
+                                       {std::to_string(fRow), std::to_string(fRow + fLeftOut)}));
+    for (const std::string& line : lines)
+        WriteText(fOutline, fRow++, 0, line, fBook.Format(XlsxBook::Style::Plain));
     fBook.Close();
 }
 
@@ -80,9 +81,16 @@ lxw_col_t XlsxWriter::Indent() const
     return static_cast<lxw_col_t>(std::min(fPaths.size(), kDeepestIndent));
 }
 
+bool XlsxWriter::HasRoom()
+{
+    if (fRow + kEndRows < LXW_ROW_MAX) return true;
+    ++fLeftOut;
+    return false;
+}
+
 void XlsxWriter::List(const std::string& text)
 {
-    if (fRow >= kMostRows) return;
+    if (!HasRoom()) return;
     WriteText(fOutline, fRow++, Indent(), text, fBook.Format(XlsxBook::Style::Plain));
 }
 
@@ -92,6 +100,7 @@ void XlsxWriter::ListSheet(const lxw_worksheet* sheet, const std::string& text)
         List(text);
         return;
     }
+    if (!HasRoom()) return;
     ++fLinks;
     const std::string target = fmt::format("internal:'{}'!A1", sheet->name);
     worksheet_write_url(fOutline, fRow, Indent(), target.c_str(), nullptr);

@@ -32,6 +32,8 @@ private:
     std::string Path() const;
     lxw_col_t Indent() const;
 
+    /// Whether the outline has a row left for one more entry; counts those for which it hasn't.
+    bool HasRoom();
     void List(const std::string& text);
     void ListSheet(const lxw_worksheet* sheet, const std::string& text);
 
@@ -39,6 +41,7 @@ private:
     lxw_worksheet* fOutline = nullptr;
     lxw_row_t fRow = 0;
     std::size_t fLinks = 0;
+    std::size_t fLeftOut = 0;  // entries of the outline
     std::string fLanguage;
     std::vector<std::string> fPaths;  // of the open headings, outermost first
 };

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "refhost/writers/ByteOutput.h"
+#include "refhost/writers/ReportWords.h"
 #include "refhost/writers/Writers.h"
 
 #include "host/pivot/BpError.h"
@@ -41,7 +42,7 @@ TEST(TextWriter, WritesARunForAMail)
     writer->Begin(start);
     Replay(run.TakeNodes(), *writer);
     writer->Node(std::make_unique<OutputNode>(OutputNode{std::move(chart)}));
-    writer->End({.fResult = false, .fFailure = {}, .fNotice = "The output is not complete."});
+    writer->End({.fResult = false, .fFailure = {}, .fNotice = "Stopped in the second split."});
     EXPECT_EQ(text, 1 + R"(
 Guinea pigs
 ═══════════
@@ -71,8 +72,32 @@ Chart: Boxes
     none: no values
     n: 3
 
-The output is not complete.
+This report is not complete. The
+run ended early:
+Stopped in the second split.
 )");
+}
+
+TEST(NoticeLines, TellWhyAnOutputIsNotComplete)
+{
+    const std::string early = "This report is not complete. The run ended early:";
+    struct Row {
+        RunEnd end;
+        std::vector<std::string> lines;
+        const char* why;
+    };
+    for (const Row& row : {
+             Row{{true, "", ""}, {}, "a complete run"},
+             Row{{false, "fields != 0", ""}, {early, "fields != 0"}, "a broken invariant"},
+             Row{{true, "", "Stopped."}, {early, "Stopped."}, "the run's own notice"},
+             Row{{false, "x", "Stopped."}, {early, "Stopped.", "x"}, "both"},
+             Row{{false, "", ""},
+                 {"This report is not complete: a result document could not be read."},
+                 "an unreadable document"},
+         }) {
+        SCOPED_TRACE(row.why);
+        EXPECT_EQ(NoticeLines(row.end, "en"), row.lines);
+    }
 }
 
 TEST(Writers, AreFoundByTheirFormat)
