@@ -147,7 +147,14 @@ TextRef BpCellText::Impl::Snapshot()
         fText->fShown = refhost::FillTemplate(text, composite->fParts);
         fStale = false;
     }
+    fIsShared = true;
     return fText;
+}
+
+std::shared_ptr<BpCellText::Impl> BpCellText::Impl::Copy()
+{
+    Snapshot();
+    return std::make_shared<Impl>(*this);
 }
 
 void BpCellText::Impl::Add(TextRef part)
@@ -180,12 +187,13 @@ void BpCellText::Impl::Finish()
 TextComposite* BpCellText::Impl::Edit()
 {
     if (fFinished) return nullptr;
-    if (fText.use_count() > 1) fText = std::make_shared<Text>(*fText);
+    if (fIsShared) fText = std::make_shared<Text>(*fText);
+    fIsShared = false;
     fStale = true;
     return std::get_if<TextComposite>(&fText->fPassed);
 }
 
-BpCellText BpCellText::Replicate() const { return BpCellText(std::make_shared<Impl>(*fImpl)); }
+BpCellText BpCellText::Replicate() const { return BpCellText(fImpl->Copy()); }
 
 BpString::BpString(const std::string& string, bool lookup)
     : BpCellText(lookup ? KeyText(string) : MakeText({TextString{string, false}, string}))

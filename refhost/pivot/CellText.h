@@ -12,8 +12,12 @@ class BpCellText::Impl {
 public:
     explicit Impl(refhost::Text text);
 
-    /// The text as it is now; later changes of this one don't reach it. Never null.
+    /// The text as it is now; later changes of this one don't reach it. Never null. It may be
+    /// dropped on any thread.
     refhost::TextRef Snapshot();
+
+    /// Another text of the same content.
+    std::shared_ptr<Impl> Copy();
 
     // Of composites only. After `Finish` they do nothing.
     void Add(refhost::TextRef part);
@@ -26,7 +30,8 @@ private:
     refhost::TextComposite* Edit();
 
     std::shared_ptr<refhost::Text> fText;
-    bool fStale = false;  // fShown doesn't yet tell what was added
+    bool fIsShared = false;  // with a snapshot; the count of holders tells nothing of their threads
+    bool fStale = false;     // fShown doesn't yet tell what was added
     bool fSublistOpen = false;
     bool fFinished = false;
 };
