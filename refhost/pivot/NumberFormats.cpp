@@ -32,7 +32,7 @@ constexpr FormatRow kFormats[] = {
     {Kind::Proportion,         NumberFormat::Proportion,         3, 3},
     {Kind::Count,              NumberFormat::Count,              0, 0},
     {Kind::Coefficient,        NumberFormat::Coefficient,        3, 3},
-    {Kind::Percent,            NumberFormat::Percent,            0, 1},
+    {Kind::Percent,            NumberFormat::Percent,            0, 9},
     {Kind::CountOrCoefficient, NumberFormat::CountOrCoefficient, 0, 3},
     {Kind::StdDev,             NumberFormat::StdDev,             3, 3},
 };
@@ -56,11 +56,28 @@ int StdDevDecimals(int variable, int otherwise)
     return found ? std::min(found->GetFormat().fDecimals + 1, kMostDecimals) : otherwise;
 }
 
-/// A percentage is whole where it shows whole: 95.00000000000001 came from 0.95.
-bool IsWhole(double number, Kind kind)
+/// A whole percentage shows whole, also where it came of a product: 95.00000000000001 of 0.95. Any
+/// other has as many decimals as keep it apart from 0 and from 100.
+int PercentDecimals(double number, const FormatRow& row)
 {
-    if (kind == Kind::Percent) return std::abs(number - std::round(number)) < 0.05;
-    return number == std::trunc(number);
+    constexpr double kNoise = 1e-9;
+    const double away = std::abs(number - std::round(number));
+    if (away <= kNoise * std::abs(number)) return row.fFewest;
+    double gap = std::min(std::abs(number), std::abs(100.0 - number));
+    int decimals = 0;
+    do {
+        gap *= 10.0;
+        ++decimals;
+    } while (gap < 0.5 + kNoise && decimals < row.fMost);
+    return decimals;
+}
+
+bool IsWhole(double number) { return number == std::trunc(number); }
+
+bool IsNeverZero(NumberFormat format)
+{
+    return format == NumberFormat::Significance || format == NumberFormat::Proportion ||
+           format == NumberFormat::Percent;
 }
 
 }  // namespace
@@ -71,7 +88,9 @@ int FormatDecimals(const BpFormatSpec& format, double number)
 {
     const FormatRow& row = Row(format);
     if (row.fKind == Kind::StdDev) return StdDevDecimals(format.GetVariable(), row.fMost);
-    return IsUntold(number) || IsWhole(number, row.fKind) ? row.fFewest : row.fMost;
+    if (IsUntold(number)) return row.fFewest;
+    if (row.fKind == Kind::Percent) return PercentDecimals(number, row);
+    return IsWhole(number) ? row.fFewest : row.fMost;
 }
 
 std::string FormattedNumber(const TextNumber& number)
@@ -79,8 +98,8 @@ std::string FormattedNumber(const TextNumber& number)
     if (IsUntold(number.fNumber)) return ".";
     if (std::abs(number.fNumber) >= kLongestFixed)
         return ShortText(number.fNumber, number.fDecimals);
-    const bool isNeverZero = number.fFormat == NumberFormat::Significance;
-    return (isNeverZero ? FixedTextOrBound : FixedText)(number.fNumber, number.fDecimals);
+    const auto text = IsNeverZero(number.fFormat) ? FixedTextOrBound : FixedText;
+    return text(number.fNumber, number.fDecimals);
 }
 
 }  // namespace refhost
