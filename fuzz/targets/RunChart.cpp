@@ -5,13 +5,14 @@
 #include "refhost/plot/ResolveChart.h"
 #include "refhost/plot/ResolvedChart.h"
 #include "refhost/vega/VegaLiteWriter.h"
+#include "refhost/writers/ReportWords.h"
 
 namespace fuzz {
 
 void RunChart(std::string_view input)
 {
     const refhost::ChartNode chart = ReadChartInput(input);
-    const auto picture = refhost::ResolveChart(chart);
+    const auto picture = refhost::ResolveChart(chart, refhost::WordsOfPlots("en"));
     if (!picture) return;
     const std::string page = refhost::VegaLiteText(*picture);
     CheckJson(page);

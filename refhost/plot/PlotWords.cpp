@@ -5,7 +5,7 @@
 
 namespace refhost {
 
-std::string FillSentence(std::string_view sentence, const std::vector<std::string>& parts)
+std::string FillSentence(std::string_view sentence, std::initializer_list<std::string_view> parts)
 {
     std::string filled;
     for (std::size_t at = 0; at < sentence.size(); ++at) {
@@ -15,7 +15,7 @@ std::string FillSentence(std::string_view sentence, const std::vector<std::strin
             filled.push_back(sentence[at]);
             continue;
         }
-        filled.append(parts[part]);
+        filled.append(parts.begin()[part]);
         ++at;
     }
     return filled;

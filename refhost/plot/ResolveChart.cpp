@@ -241,11 +241,6 @@ double LegendWidth(const std::vector<ResolvedLegend>& legends)
 
 }  // namespace
 
-std::unique_ptr<ResolvedChart> ResolveChart(const ChartNode& node)
-{
-    return ResolveChart(node, PlotWords());
-}
-
 std::unique_ptr<ResolvedChart> ResolveChart(const ChartNode& node, const PlotWords& words)
 {
     if (!node.fDrawing || node.fDrawing->fTree.fGraphs.empty()) return nullptr;

@@ -11,9 +11,6 @@ struct PlotWords;
 
 /// Works out a chart from its visualization, its data and its settings. Null where the node has no
 /// visualization, and where its data leave nothing to draw.
-std::unique_ptr<ResolvedChart> ResolveChart(const ChartNode& node);
-
-/// The same in another language than English.
 std::unique_ptr<ResolvedChart> ResolveChart(const ChartNode& node, const PlotWords& words);
 
 }  // namespace refhost

@@ -1,5 +1,7 @@
 #include "refhost/writers/ReportWords.h"
 
+#include <iterator>
+
 #include "refhost/document/OutputSink.h"
 
 namespace refhost {
@@ -76,16 +78,40 @@ constexpr WordRow kWords[] = {
 
 bool IsGerman(std::string_view language) { return language.substr(0, 2) == "de"; }
 
+struct PlotWordRow {
+    std::string_view PlotWords::*fWord;
+    std::string_view fKey;
+};
+
+// clang-format off
+constexpr PlotWordRow kPlotWords[] = {
+    {&PlotWords::fUpperWhisker,  "upper-whisker"},
+    {&PlotWords::fThirdQuartile, "third-quartile"},
+    {&PlotWords::fMedian,        "median"},
+    {&PlotWords::fFirstQuartile, "first-quartile"},
+    {&PlotWords::fLowerWhisker,  "lower-whisker"},
+    {&PlotWords::fOutliers,      "outliers"},
+    {&PlotWords::fFirstSample,   "first-sample"},
+    {&PlotWords::fSecondSample,  "second-sample"},
+    {&PlotWords::fCutCategories, "cut-categories"},
+    {&PlotWords::fCutGroups,     "cut-groups"},
+    {&PlotWords::fCutNodes,      "cut-nodes"},
+    {&PlotWords::fCutEntries,    "cut-entries"},
+    {&PlotWords::fCutMarks,      "cut-marks"},
+    {&PlotWords::fCutRows,       "cut-rows"},
+    {&PlotWords::fFarLine,       "far-line"},
+};
+// clang-format on
+
+static_assert(std::size(kPlotWords) * sizeof(std::string_view) == sizeof(PlotWords),
+              "each word has its row");
+
 PlotWords PlotWordsIn(std::string_view language)
 {
-    return {ReportWord(language, "upper-whisker"),  ReportWord(language, "third-quartile"),
-            ReportWord(language, "median"),         ReportWord(language, "first-quartile"),
-            ReportWord(language, "lower-whisker"),  ReportWord(language, "outliers"),
-            ReportWord(language, "first-sample"),   ReportWord(language, "second-sample"),
-            ReportWord(language, "cut-categories"), ReportWord(language, "cut-groups"),
-            ReportWord(language, "cut-nodes"),      ReportWord(language, "cut-entries"),
-            ReportWord(language, "cut-marks"),      ReportWord(language, "cut-rows"),
-            ReportWord(language, "far-line")};
+    PlotWords words;
+    for (const PlotWordRow& row : kPlotWords)
+        words.*row.fWord = ReportWord(language, row.fKey);
+    return words;
 }
 
 }  // namespace
@@ -107,19 +133,7 @@ const PlotWords& WordsOfPlots(std::string_view language)
 std::string ReportSentence(std::string_view language, std::string_view key,
                            std::initializer_list<std::string_view> parts)
 {
-    const std::string_view sentence = ReportWord(language, key);
-    std::string filled;
-    for (std::size_t place = 0; place < sentence.size(); ++place) {
-        const auto part = static_cast<std::size_t>(
-            sentence[place] == '^' && place + 1 < sentence.size() ? sentence[place + 1] - '1' : -1);
-        if (part >= parts.size()) {
-            filled += sentence[place];
-            continue;
-        }
-        filled += parts.begin()[part];
-        ++place;
-    }
-    return filled;
+    return FillSentence(ReportWord(language, key), parts);
 }
 
 std::vector<std::string> NoticeLines(const RunEnd& end, std::string_view language)

@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "refhost/plot/Picture.h"
-#include "refhost/plot/PlotWords.h"
 #include "refhost/plot/SampleChart.h"
 
 namespace refhost::test {
@@ -142,7 +141,7 @@ TEST(Bars, SayWhatIsLeftOutInTheGivenLanguage)
     SampleChart sample(Template("NPARStackedBar"));
     sample.Texts("categories", std::vector<std::string>(types.size(), "one")).Texts("type", types);
     sample.Numbers("value", std::vector<double>(types.size(), 1.0));
-    PlotWords words;
+    PlotWords words = WordsOfPlots("en");
     words.fCutEntries = "^2 Arten, ^1 davon benannt";
     const auto chart = sample.Resolve(words);
     ASSERT_TRUE(chart);

@@ -120,7 +120,7 @@ TEST(Guides, BeyondAllBoundsAreLeftOutWithANote)
 
 TEST(Boxes, AreDescribedByTheWordsOfTheLanguage)
 {
-    PlotWords words;
+    PlotWords words = WordsOfPlots("en");
     words.fThirdQuartile = "Drittes Quartil";
     words.fMedian = "Zentralwert";
     words.fOutliers = "Ausreisser";

@@ -21,7 +21,7 @@ SampleChart Histogram()
 
 TEST(ResolveChart, DrawsNothingWithoutAVisualizationOrData)
 {
-    EXPECT_EQ(ResolveChart(ChartNode()), nullptr);
+    EXPECT_EQ(ResolveChart(ChartNode(), WordsOfPlots("en")), nullptr);
     EXPECT_EQ(SampleChart("<nothing/>").Resolve(), nullptr);
     EXPECT_EQ(SampleChart(Template("NPARHistogram")).Resolve(), nullptr);
     SampleChart empty(Template("NPARBoxplot"));

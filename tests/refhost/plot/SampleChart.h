@@ -9,10 +9,10 @@
 #include <vector>
 
 #include "refhost/document/OutputNode.h"
-#include "refhost/plot/PlotWords.h"
 #include "refhost/plot/ResolveChart.h"
 #include "refhost/template/ChartDrawing.h"
 #include "refhost/template/ReadTemplate.h"
+#include "refhost/writers/ReportWords.h"
 
 namespace refhost::test {
 
@@ -80,7 +80,7 @@ public:
         return fDrawing.fTree;
     }
 
-    std::unique_ptr<ResolvedChart> Resolve(const PlotWords& words = PlotWords())
+    std::unique_ptr<ResolvedChart> Resolve(const PlotWords& words = WordsOfPlots("en"))
     {
         Tree();
         fNode.fDrawing = std::make_shared<ChartDrawing>(fDrawing);
