@@ -16,7 +16,6 @@ constexpr std::string_view kCrossings[16] = {
 };
 constexpr std::string_view kHorizontal = "─";
 constexpr std::string_view kVertical = "│";
-constexpr std::size_t kCellFrame = 3;  // a blank on either side, and the stroke
 
 /// For each border between columns, the outer ones included, whether the row has a stroke there.
 std::vector<bool> Borders(const BoxRow* row, std::size_t columns)

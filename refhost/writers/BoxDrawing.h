@@ -1,10 +1,13 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace refhost {
+
+constexpr std::size_t kCellFrame = 3;  // of a column: a blank on either side, and a stroke
 
 enum class BoxAlign { Left, Center, Right };
 

@@ -21,13 +21,6 @@ constexpr std::size_t kSizeSteps[] = {4, 12, 25};
 constexpr std::size_t kLongLabel = 26;
 constexpr std::size_t kLongText = 40;
 
-bool IsNumber(const Text& text)
-{
-    if (std::holds_alternative<TextNumber>(text.fPassed)) return true;
-    const auto* value = std::get_if<TextValue>(&text.fPassed);
-    return value && !value->fLabelled && std::holds_alternative<double>(value->fValue);
-}
-
 void AppendSpan(std::string& out, std::string_view name, std::size_t span)
 {
     if (span > 1) out.append(" ").append(name).append("=\"").append(std::to_string(span)) += '"';

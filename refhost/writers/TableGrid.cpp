@@ -236,7 +236,6 @@ private:
             GridHeader header;
             header.fLabel = item.fLabel ? item.fLabel.get() : &kNoText;
             header.fNotes = &item.fNotes;
-            header.fIsCategory = !item.fIsGroup;
             header.fLine = line;
             header.fLevel = fAxis.fLevels + level;
             header.fLevels = item.fIsGroup ? 1 : depth - level;
@@ -281,7 +280,14 @@ bool Stands(const PivotCell& cell, std::size_t dimensionCount,
 
 }  // namespace
 
-TableGrid::TableGrid(const TableNode& table) : fTable(table)
+bool IsNumber(const Text& text)
+{
+    if (std::holds_alternative<TextNumber>(text.fPassed)) return true;
+    const auto* value = std::get_if<TextValue>(&text.fPassed);
+    return value && !value->fLabelled && std::holds_alternative<double>(value->fValue);
+}
+
+TableGrid::TableGrid(const TableNode& table)
 {
     const std::vector<FlatDimension> rows = FlattenPlace(table, PivotPlace::Rows);
     const std::vector<FlatDimension> columns = FlattenPlace(table, PivotPlace::Columns);

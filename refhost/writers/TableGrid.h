@@ -9,12 +9,14 @@
 
 namespace refhost {
 
+/// Whether a reader sees a number, which stands at the right.
+bool IsNumber(const Text& text);
+
 /// A label beside the lines of an axis: where it stands and how far it reaches.
 struct GridHeader {
     const Text* fLabel = nullptr;                  ///< never null; a dimension's title or an item
     const std::vector<TextRef>* fNotes = nullptr;  ///< of the label; null for a title
     bool fIsTitle = false;                         ///< a dimension's title
-    bool fIsCategory = false;                      ///< a category; neither a title nor a group
     std::size_t fLine = 0;                         ///< first line that it stands at
     std::size_t fLines = 1;                        ///< how many lines it reaches over
     unsigned fLevel = 0;                           ///< from the outside, from 0
@@ -46,7 +48,6 @@ class TableGrid {
 public:
     explicit TableGrid(const TableNode& table);
 
-    const TableNode& Table() const { return fTable; }
     const GridAxis& Rows() const { return fRows; }
     const GridAxis& Columns() const { return fColumns; }
 
@@ -72,7 +73,6 @@ private:
                     const std::vector<std::uint32_t>& rows,
                     const std::vector<std::uint32_t>& columns);
 
-    const TableNode& fTable;
     GridAxis fRows;
     GridAxis fColumns;
     std::vector<PlacedCell> fCells;      // row by row

@@ -14,7 +14,6 @@ namespace refhost {
 
 namespace {
 
-constexpr std::size_t kCellFrame = 3;
 constexpr std::size_t kWordThatIsKept = 20;  // longer ones may be broken to make a column narrow
 constexpr std::size_t kLeastWidth = 4;
 
@@ -32,13 +31,6 @@ struct ColumnNeed {
         fLeast = std::max(fLeast, std::min(least, natural));
     }
 };
-
-bool IsNumber(const Text& text)
-{
-    if (std::holds_alternative<TextNumber>(text.fPassed)) return true;
-    const auto* value = std::get_if<TextValue>(&text.fPassed);
-    return value && std::holds_alternative<double>(value->fValue) && !value->fLabelled;
-}
 
 /// Widths between what is best and what is least that sum up to no more than `available`, where
 /// that can be; the widest columns give way first.

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 #include <vector>
 
+#include "refhost/data/MissingValue.h"
 #include "refhost/writers/Footnotes.h"
 #include "refhost/writers/ReportWords.h"
 #include "refhost/writers/TableGrid.h"
@@ -161,7 +161,7 @@ private:
         const std::string marks = fNotes.Marks(cell.fNotes);
         const auto* number =
             cell.fContent ? std::get_if<TextNumber>(&cell.fContent->fPassed) : nullptr;
-        if (number && IsShownAsNumber(*number)) {
+        if (number && !IsUntold(number->fNumber)) {
             worksheet_write_number(fSheet, Row(row), Column(column), number->fNumber,
                                    fBook.NumberFormat(number->fDecimals, marks));
             return;
@@ -171,13 +171,6 @@ private:
         WriteText(fSheet, Row(row), Column(column), text,
                   number ? fBook.NumberFormat(0, "") : fBook.Format(Style::Cell));
         Widen(column, text);
-    }
-
-    /// The missing number is the most negative finite one.
-    static bool IsShownAsNumber(const TextNumber& number)
-    {
-        return std::isfinite(number.fNumber) &&
-               number.fNumber != std::numeric_limits<double>::lowest();
     }
 
     /// Rows below the table: a blank one, what is said of a cut, caption and notes.
