@@ -51,4 +51,12 @@ Character FirstCharacter(std::string_view text)
     return {code, row->fBytes, false};
 }
 
+std::string_view WholeCharacters(std::string_view text, std::size_t bytes)
+{
+    if (text.size() <= bytes) return text;
+    while (bytes > 0 && (static_cast<unsigned char>(text[bytes]) & 0xC0U) == 0x80U)
+        --bytes;
+    return text.substr(0, bytes);
+}
+
 }  // namespace refhost

@@ -43,8 +43,6 @@ constexpr std::array<Escape, 128> kEscapes = [] {
     return escapes;
 }();
 
-constexpr std::string_view kReplacement = "\xEF\xBF\xBD";
-
 /// Takes a character that can't be copied unseen.
 char* TakeSpecial(std::string_view& text, char* out)
 {
@@ -55,7 +53,7 @@ char* TakeSpecial(std::string_view& text, char* out)
     }
     const Character character = FirstCharacter(text);
     const std::string_view bytes =
-        character.fIsBroken ? kReplacement : text.substr(0, character.fBytes);
+        character.fIsBroken ? kReplacementText : text.substr(0, character.fBytes);
     text.remove_prefix(character.fBytes);
     return std::ranges::copy(bytes, out).out;
 }

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "refhost/data/Calendar.h"
+#include "refhost/data/Characters.h"
 #include "refhost/data/DateFormats.h"
 #include "refhost/data/MissingValue.h"
 #include "refhost/data/NumberText.h"
@@ -57,23 +58,13 @@ std::string FittingText(double number, const QORT_Format& format)
     return text.empty() ? std::string(format.fWidth, '*') : text;
 }
 
-/// The front of a text that `width` bytes hold, without half a character at its end.
-std::string_view CutToWidth(std::string_view text, std::size_t width)
-{
-    if (text.size() <= width) return text;
-    std::size_t end = width;
-    while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0U) == 0x80U)
-        --end;
-    return text.substr(0, end);
-}
-
 }  // namespace
 
 std::string ValueText(const OBS& value, const QORT_Format& format)
 {
     if (!value.IsString())
         if (auto date = DateOf(value.Number(), format)) return *std::move(date);
-    std::string text = value.IsString() ? std::string(CutToWidth(value.Text(), format.fWidth))
+    std::string text = value.IsString() ? std::string(WholeCharacters(value.Text(), format.fWidth))
                                         : FittingText(value.Number(), format);
     text.erase(text.find_last_not_of(' ') + 1);
     text.erase(0, std::min(text.find_first_not_of(' '), text.size()));
@@ -93,7 +84,7 @@ void ToString(const OBS& value, const QORT_Format& format, char* buffer)
     if (!buffer || format.fWidth == 0) return;
     std::memset(buffer, ' ', format.fWidth);
     if (value.IsString()) {
-        const std::string_view text = refhost::CutToWidth(value.Text(), format.fWidth);
+        const std::string_view text = refhost::WholeCharacters(value.Text(), format.fWidth);
         text.copy(buffer, text.size());
         return;
     }

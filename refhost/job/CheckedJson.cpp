@@ -9,6 +9,7 @@
 #include <rapidjson/error/en.h>
 #include <rapidjson/memorystream.h>
 
+#include "refhost/data/Characters.h"
 #include "refhost/job/ExactNumbers.h"
 #include "refhost/job/JobFile.h"
 #include "refhost/job/JobSchema.h"
@@ -145,12 +146,8 @@ std::string PlaceText(const json::Pointer& place)
     place.Stringify(buffer);
     std::string text = buffer.GetSize() > 0 ? buffer.GetString() : "the job";
     constexpr std::size_t kLongest = 100;
-    if (text.size() > kLongest) {
-        std::size_t end = kLongest;
-        while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0U) == 0x80U)
-            --end;  // no character is cut
-        text.replace(end, std::string::npos, "...");
-    }
+    if (text.size() > kLongest)
+        text.replace(WholeCharacters(text, kLongest).size(), std::string::npos, "...");
     return text;
 }
 

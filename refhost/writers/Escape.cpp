@@ -1,5 +1,6 @@
 #include "refhost/writers/Escape.h"
 
+#include "refhost/data/Characters.h"
 #include "refhost/data/PlainRun.h"
 #include "refhost/writers/WellFormed.h"
 
@@ -26,7 +27,8 @@ constexpr std::string_view MarkupFor(char character)
         default:
             // The control characters that no HTML document may hold, not even as a reference.
             const auto code = static_cast<unsigned char>(character);
-            return (code < 0x20 && code != '\t' && code != '\n') || code == 0x7f ? "\uFFFD" : "";
+            return (code < 0x20 && code != '\t' && code != '\n') || code == 0x7f ? kReplacementText
+                                                                                 : "";
     }
 }
 

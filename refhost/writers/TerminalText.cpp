@@ -10,8 +10,6 @@ namespace refhost {
 
 namespace {
 
-constexpr std::string_view kReplacement = "\xEF\xBF\xBD";
-
 bool IsPlainAscii(std::string_view text)
 {
     return std::ranges::all_of(text, [](char c) { return c >= ' ' && c <= '~'; });
@@ -118,7 +116,7 @@ std::string Printable(std::string_view text)
             printable += "\xE2\x90";  // U+2400 on, pictures in the order of the controls
             printable += static_cast<char>(code == 0x7F ? 0xA1 : 0x80 + code);
         } else if (character.fIsBroken || (code >= 0x80 && code < 0xA0) || TurnsDirection(code)) {
-            printable += kReplacement;
+            printable += kReplacementText;
         } else {
             printable += text.substr(0, character.fBytes);
         }

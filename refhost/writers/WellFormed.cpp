@@ -8,8 +8,6 @@ namespace refhost {
 
 namespace {
 
-constexpr std::string_view kReplacement = "\xEF\xBF\xBD";
-
 bool IsAscii(std::string_view text)
 {
     return std::ranges::all_of(text, [](char c) { return static_cast<signed char>(c) >= 0; });
@@ -39,7 +37,7 @@ std::string_view WellFormed(std::string_view text, std::string& scratch)
         scratch += text.substr(0, sound);
         text.remove_prefix(sound);
         if (text.empty()) return scratch;
-        scratch += kReplacement;
+        scratch += kReplacementText;
         text.remove_prefix(FirstCharacter(text).fBytes);
         sound = SoundLength(text);
     }
