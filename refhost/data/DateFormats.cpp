@@ -30,6 +30,23 @@ double SecondsOfUnit(const DateFormatRow& row)
 
 }  // namespace
 
+std::optional<std::string> DateFormatText(double hostNumber, int formatType, int decimals)
+{
+    const DateFormatRow* row = FindDateFormat(formatType);
+    if (!row || IsUntold(hostNumber)) return {};
+    switch (row->fLayout) {
+        case DateLayout::Date:
+            return DateText(hostNumber);
+        case DateLayout::DateTime:
+            return DateTimeText(hostNumber, ' ', decimals);
+        case DateLayout::Duration:
+            return DurationText(hostNumber, decimals);
+        case DateLayout::None:
+            break;
+    }
+    return {};
+}
+
 double HostNumber(double documentNumber, int formatType)
 {
     const DateFormatRow* row = FindConverted(formatType);

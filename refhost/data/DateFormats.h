@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
+#include <string>
 
 namespace refhost {
 
@@ -36,6 +38,10 @@ inline constexpr DateFormatRow kDateFormats[] = {
 
 /// Null for a type that shows no date or time.
 const DateFormatRow* FindDateFormat(int formatType);
+
+/// The host's number as a date or time of this type; seconds are cut to `decimals` digits. Nothing
+/// for a type that shows none, and for a number that is missing or beyond the calendar.
+std::optional<std::string> DateFormatText(double hostNumber, int formatType, int decimals);
 
 /// A number of a result document as the host's own: for dates, seconds since 14 October 1582. The
 /// missing number stays; a date that would not be finite is missing.

@@ -5,7 +5,6 @@
 #include <string>
 #include <string_view>
 
-#include "refhost/data/Calendar.h"
 #include "refhost/data/Characters.h"
 #include "refhost/data/DateFormats.h"
 #include "refhost/data/MissingValue.h"
@@ -19,33 +18,10 @@ namespace refhost {
 
 namespace {
 
-std::optional<std::string> DateFormatText(double seconds, DateLayout layout, int decimals)
-{
-    switch (layout) {
-        case DateLayout::Date:
-            return DateText(seconds);
-        case DateLayout::DateTime:
-            return DateTimeText(seconds, ' ', decimals);
-        case DateLayout::Duration:
-            return DurationText(seconds, decimals);
-        case DateLayout::None:
-            break;
-    }
-    return {};
-}
-
-/// Nothing for a number that is no date or time of the format, or lies beyond the calendar.
-std::optional<std::string> DateOf(double number, const QORT_Format& format)
-{
-    const DateFormatRow* row = FindDateFormat(format.fType);
-    if (!row || IsUntold(number)) return {};
-    return DateFormatText(number, row->fLayout, format.fDecimals);
-}
-
 std::string FullText(double number, const QORT_Format& format)
 {
     if (IsUntold(number)) return ".";
-    const auto date = DateOf(number, format);
+    const auto date = DateFormatText(number, format.fType, format.fDecimals);
     return date ? *date : FixedText(number, format.fDecimals);
 }
 
@@ -63,7 +39,8 @@ std::string FittingText(double number, const QORT_Format& format)
 std::string ValueText(const OBS& value, const QORT_Format& format)
 {
     if (!value.IsString())
-        if (auto date = DateOf(value.Number(), format)) return *std::move(date);
+        if (auto date = DateFormatText(value.Number(), format.fType, format.fDecimals))
+            return *std::move(date);
     std::string text = value.IsString() ? std::string(WholeCharacters(value.Text(), format.fWidth))
                                         : FittingText(value.Number(), format);
     text.erase(text.find_last_not_of(' ') + 1);

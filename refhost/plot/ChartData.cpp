@@ -162,12 +162,7 @@ std::string DataVariable::FormattedNumber(double raw) const
     }
     if (fFormatSettings && fFormatSettings->fHostFormat) {
         const HostFormat& format = *fFormatSettings->fHostFormat;
-        const DateFormatRow* date = FindDateFormat(format.fType);
-        std::optional<std::string> text;
-        if (date && date->fLayout == DateLayout::Date) text = DateText(raw);
-        if (date && date->fLayout == DateLayout::DateTime) text = DateTimeText(raw, ' ', 0);
-        if (date && date->fLayout == DateLayout::Duration) text = DurationText(raw, 0);
-        if (text) return *text;
+        if (auto date = DateFormatText(raw, format.fType, 0)) return *std::move(date);
         return ReadableNumber(raw, std::clamp(format.fDecimals, 0, 16));
     }
     if (fDeclared && fDeclared->fDecimals >= 0) {
