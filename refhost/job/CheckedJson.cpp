@@ -10,7 +10,7 @@
 #include <rapidjson/memorystream.h>
 
 #include "refhost/data/Characters.h"
-#include "refhost/job/ExactNumbers.h"
+#include "refhost/job/ExactValues.h"
 #include "refhost/job/JobFile.h"
 #include "refhost/job/JobSchema.h"
 
@@ -71,9 +71,10 @@ public:
         rapidjson::MemoryStream stream(fText.data(), fText.size());
         json::Reader reader;
         Validator validator(JobSchema(), document);
-        ExactNumbers numbers(validator);
-        fResult = reader.Parse<kParseFlags>(stream, numbers);
-        if (numbers.IsTooBig()) fResult.Set(rapidjson::kParseErrorNumberTooBig, fResult.Offset());
+        ExactValues values(validator);
+        fResult = reader.Parse<kParseFlags>(stream, values);
+        if (values.IsTooBig()) fResult.Set(rapidjson::kParseErrorNumberTooBig, fResult.Offset());
+        fHasNul = values.HasNul();
         fIsValid = validator.IsValid();
         if (fIsValid) return !fResult.IsError();
         fKeyword = validator.GetInvalidSchemaKeyword();
@@ -84,6 +85,7 @@ public:
 
     const std::string& fText;
     rapidjson::ParseResult fResult;
+    bool fHasNul = false;
     bool fIsValid = true;
     const char* fKeyword = "";  // of the rule that is broken
     json::Pointer fSchemaPlace;
@@ -164,6 +166,9 @@ json::Document ParseJob(const std::string& text, const std::string& name)
         if (repeated.empty()) return document;
         throw JobError(fmt::format("{}: {}: the key stands twice", name, repeated));
     }
+    if (reader.fHasNul)
+        throw JobError(fmt::format("{}: the text that ends at {} holds U+0000", name,
+                                   LineText(text, result.Offset() - 1)));
     if (reader.fIsValid)
         throw JobError(fmt::format("{}: no JSON at {}: {}", name, LineText(text, result.Offset()),
                                    rapidjson::GetParseError_En(result.Code())));

@@ -75,8 +75,7 @@ private:
     int IndexOf(const Value& name, const std::string& place) const
     {
         const std::string text = TextOf(name);
-        const bool isWhole = text.find('\0') == std::string::npos;  // as it is asked for below
-        const int index = isWhole ? fSource->FindVarIndex(text.c_str(), 0) : -1;
+        const int index = fSource->FindVarIndex(text.c_str(), 0);
         if (index < 0) Fail(place, fmt::format("there is no variable \"{}\"", text));
         return index;
     }

@@ -24,7 +24,8 @@ bool LayOver(const json::Value& texts, Map& map, std::string& reason)
 {
     for (const auto& [key, text] : texts.GetObject()) {
         if (!text.IsString()) {
-            reason = fmt::format("the text of \"{}\" is no string", key.GetString());
+            reason = fmt::format("the text of {:?} is no string",
+                                 std::string_view(key.GetString(), key.GetStringLength()));
             return false;
         }
         map.insert_or_assign(std::string(key.GetString(), key.GetStringLength()),
@@ -57,7 +58,7 @@ bool TextTable::Load(const std::string& file, std::string& reason)
     for (const auto& [name, texts] : std::as_const(document).GetObject()) {
         const std::string_view section(name.GetString(), name.GetStringLength());
         if ((section != "pivot" && section != "charts") || !texts.IsObject()) {
-            reason = fmt::format("\"{}\" is neither an object \"pivot\" nor \"charts\"", section);
+            reason = fmt::format("{:?} is neither an object \"pivot\" nor \"charts\"", section);
             return false;
         }
         if (!LayOver(texts, section == "pivot" ? fPivot : fCharts, reason)) return false;

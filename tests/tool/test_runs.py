@@ -39,6 +39,7 @@ class Endings(Case):
         self.write("0.xml", document())
         good = self.write("good.json", job([{"document": "0.xml"}]))
         self.write("texts.json", "{")
+        self.write("nul.json", {"pivot\0": {}})
         split = {"document": "0.xml"}
         rows = [
             ("no job", ["none.json"], ["none.json"]),
@@ -50,7 +51,7 @@ class Endings(Case):
             ("an unknown name", [self.write("e.json", job([{**split, "variables": ["no"], "values": [1]}]))], ["no"]),
             ("a key of two lines", [self.write("j.json", job([split], **{"two\nlines": 1}))], ["two lines"]),
             ("a name of two lines", [self.write("k.json", job([split], extraVariable="a\nb"))], ["a b"]),
-            ("a name with more behind a zero byte", [self.write("l.json", job([split], extraVariable="weight\0"))], ["weight"]),
+            ("a name with more behind a zero byte", [self.write("l.json", job([split], extraVariable="weight\0"))], ["l.json", "U+0000"]),
             ("an unknown extra variable", [self.write("f.json", job([split], extraVariables=["no"]))], ["no"]),
             ("lists that aren't parallel", [self.write("g.json", job([{**split, "variables": ["weight"]}]))], ["values"]),
             ("a wrong type", [self.write("h.json", job("x"))], ["/splits", "type"]),
@@ -62,6 +63,7 @@ class Endings(Case):
             ("a library that is no plug-in", [good, "--plugin", BUILD / "lib" / "librefhost.so"], ["GetCFProcCustom"]),
             ("no folder of templates", [good, "--templates", "none"], ["none"]),
             ("texts that are none", [good, "--texts", "texts.json"], ["texts.json"]),
+            ("texts under a name with a zero byte", [good, "--texts", "nul.json"], ["nul.json", "charts"]),
             ("no folder to write into", [good, "-o", "none/out.html"], ["none/out.html"]),
             ("an unknown option", [good, "--frobnicate"], ["frobnicate"]),
             ("no jobs", [good, "--jobs", "0"], ["--jobs"]),

@@ -112,6 +112,8 @@ TEST(ReadJobText, NamesTheKeyThatIsWrongAndWhy)
         {"{\"title\": \"\xFF\"}", "job: no JSON at line 1, column 12: Invalid encoding in string."},
         {std::string(kJob) + "x", "job: no JSON at line 21, column 2: The document root must not be followed by other values."},
         {Replaced("[2.5]", "[1e999]"), "job: no JSON at line 18, column 64: Number too big to be stored in double."},
+        {Replaced("\"weight\", \"nobody", R"("weight\u0000x", "nobody)"), "job: the text that ends at line 14, column 52 holds U+0000"},
+        {Replaced("title", R"(title\u0000)"), "job: the text that ends at line 2, column 15 holds U+0000"},
         {"[]", "job: the job: the value has the wrong type (the rule: object)"},
         {"{}", "job: the job: a key is missing (the rule: variables, splits)"},
         {std::string(1000000, '['), "job: the job: the value has the wrong type (the rule: object)"},

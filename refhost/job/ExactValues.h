@@ -5,23 +5,28 @@
 
 #include <charconv>
 #include <cstdint>
+#include <string_view>
 #include <system_error>
 
 namespace refhost {
 
 /// Stands between a reader that hands numbers on as texts and what takes them as numbers, and reads
 /// them to the last bit. (The reader's own way to do that makes any number of a zero that has an
-/// exponent.)
+/// exponent.) Reading ends at a key or text with U+0000: the host's libraries would take it for the
+/// end of a name.
 template <class Next>
-class ExactNumbers {
+class ExactValues {
 public:
     using Ch = char;
     using Size = rapidjson::SizeType;
 
-    explicit ExactNumbers(Next& next) : fNext(next) {}
+    explicit ExactValues(Next& next) : fNext(next) {}
 
     /// Whether reading ended at a number that no double holds.
     bool IsTooBig() const { return fIsTooBig; }
+
+    /// Whether reading ended behind a text with U+0000.
+    bool HasNul() const { return fHasNul; }
 
     bool RawNumber(const Ch* text, Size size, bool)
     {
@@ -36,10 +41,18 @@ public:
         return fNext.Double(number);
     }
 
+    bool String(const Ch* text, Size size, bool copy)
+    {
+        return IsText(text, size) && fNext.String(text, size, copy);
+    }
+
+    bool Key(const Ch* text, Size size, bool copy)
+    {
+        return IsText(text, size) && fNext.Key(text, size, copy);
+    }
+
     bool Null() { return fNext.Null(); }
     bool Bool(bool flag) { return fNext.Bool(flag); }
-    bool String(const Ch* text, Size size, bool copy) { return fNext.String(text, size, copy); }
-    bool Key(const Ch* text, Size size, bool copy) { return fNext.Key(text, size, copy); }
     bool StartObject() { return fNext.StartObject(); }
     bool EndObject(Size count) { return fNext.EndObject(count); }
     bool StartArray() { return fNext.StartArray(); }
@@ -58,8 +71,15 @@ private:
         return read.ec == std::errc() && read.ptr == end;
     }
 
+    bool IsText(const Ch* text, Size size)
+    {
+        fHasNul = std::string_view(text, size).find('\0') != std::string_view::npos;
+        return !fHasNul;
+    }
+
     Next& fNext;
     bool fIsTooBig = false;
+    bool fHasNul = false;
 };
 
 }  // namespace refhost
