@@ -2,8 +2,11 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <set>
+#include <string>
 #include <string_view>
 #include <unordered_set>
+#include <vector>
 
 #include <fmt/format.h>
 #include <rapidjson/error/en.h>
@@ -26,17 +29,16 @@ constexpr unsigned kParseFlags = rapidjson::kParseIterativeFlag |
 struct RuleRow {
     std::string_view fKeyword;
     std::string_view fMeaning;
-    bool fTellsBound;  // whether what the schema asks for says more than the meaning
+    bool fTellsBound = false;  // whether what the schema asks for says more than the meaning
 };
 
 // clang-format off
 constexpr RuleRow kRules[] = {
-    {"additionalProperties", "this key is unknown", false},
-    {"required",             "a key is missing", true},
+    {"additionalProperties", "this key is unknown"},
     {"type",                 "the value has the wrong type", true},
     {"enum",                 "the value is none of those that are allowed", true},
-    {"minItems",             "the list is empty", false},
-    {"minLength",            "the text is empty", false},
+    {"minItems",             "the list is empty"},
+    {"minLength",            "the text is empty"},
     {"minimum",              "the number is too small", true},
     {"maximum",              "the number is too large", true},
 };
@@ -44,7 +46,7 @@ constexpr RuleRow kRules[] = {
 
 const RuleRow& RuleOf(std::string_view keyword)
 {
-    static constexpr RuleRow kOther = {"", "the value is not allowed", false};
+    static constexpr RuleRow kOther = {"", "the value is not allowed"};
     const auto row = std::find_if(std::begin(kRules), std::end(kRules),
                                   [&](const RuleRow& rule) { return rule.fKeyword == keyword; });
     return row == std::end(kRules) ? kOther : *row;
@@ -59,6 +61,30 @@ const json::Schema& JobSchema()
     }();
     return kSchema;
 }
+
+/// Remembers the keys of the objects that are open where a text ends.
+class OpenKeys : public rapidjson::BaseReaderHandler<rapidjson::UTF8<>, OpenKeys> {
+public:
+    bool StartObject()
+    {
+        fKeys.emplace_back();
+        return true;
+    }
+
+    bool Key(const char* text, rapidjson::SizeType size, bool)
+    {
+        fKeys.back().emplace(text, size);
+        return true;
+    }
+
+    bool EndObject(rapidjson::SizeType)
+    {
+        fKeys.pop_back();
+        return true;
+    }
+
+    std::vector<std::set<std::string>> fKeys;
+};
 
 /// Parses a text into a document as long as it keeps to the schema.
 class JobReader {
@@ -96,21 +122,34 @@ private:
         rapidjson::GenericSchemaValidator<json::Schema, json::Document, json::Allocator>;
 };
 
-/// What the broken rule at a place of the schema asks for, if it is a word or a list of words.
-std::string AskedFor(const json::Pointer& schemaPlace, const char* keyword)
+/// What the broken rule at a place of the schema asks for: a word, or a list of words.
+std::vector<std::string> AskedFor(const json::Pointer& schemaPlace, const char* keyword)
 {
     json::Document schema;
     schema.Parse(kJobSchema.data(), kJobSchema.size());
     const json::Value* place = schemaPlace.Get(schema);
     if (!place || !place->IsObject() || !place->HasMember(keyword)) return {};
     const json::Value& rule = (*place)[keyword];
-    if (rule.IsInt()) return std::to_string(rule.GetInt());
-    if (rule.IsString()) return rule.GetString();
-    std::string words;
+    if (rule.IsInt()) return {std::to_string(rule.GetInt())};
+    if (rule.IsString()) return {rule.GetString()};
+    std::vector<std::string> words;
     if (!rule.IsArray()) return words;
     for (const auto& word : rule.GetArray())
-        words += fmt::format("{}{}", words.empty() ? "" : ", ", word.GetString());
+        words.emplace_back(word.GetString());
     return words;
+}
+
+/// What the object that a text breaks off in has not of the keys that it should have, quoted.
+std::vector<std::string> MissingKeys(std::string_view text, const std::vector<std::string>& wanted)
+{
+    rapidjson::MemoryStream stream(text.data(), text.size());
+    json::Reader reader;
+    OpenKeys open;
+    reader.Parse<kParseFlags>(stream, open);
+    std::vector<std::string> missing;
+    for (const std::string& key : wanted)
+        if (!open.fKeys.back().contains(key)) missing.push_back(fmt::format("\"{}\"", key));
+    return missing;
 }
 
 /// "line 3, column 7" of a byte of the text.
@@ -153,6 +192,19 @@ std::string PlaceText(const json::Pointer& place)
     return text;
 }
 
+/// What is wrong at the place where a text breaks a rule of the schema.
+std::string BrokenRule(const JobReader& reader)
+{
+    const auto asked = AskedFor(reader.fSchemaPlace, reader.fKeyword);
+    if (reader.fKeyword == std::string_view("required")) {
+        const auto text = std::string_view(reader.fText).substr(0, reader.fResult.Offset());
+        return fmt::format("it lacks {}", fmt::join(MissingKeys(text, asked), ", "));
+    }
+    const RuleRow& rule = RuleOf(reader.fKeyword);
+    if (!rule.fTellsBound) return std::string(rule.fMeaning);
+    return fmt::format("{} (the rule: {})", rule.fMeaning, fmt::join(asked, ", "));
+}
+
 }  // namespace
 
 json::Document ParseJob(const std::string& text, const std::string& name)
@@ -172,12 +224,8 @@ json::Document ParseJob(const std::string& text, const std::string& name)
     if (reader.fIsValid)
         throw JobError(fmt::format("{}: no JSON at {}: {}", name, LineText(text, result.Offset()),
                                    rapidjson::GetParseError_En(result.Code())));
-    const RuleRow& rule = RuleOf(reader.fKeyword);
-    std::string line =
-        fmt::format("{}: {}: {}", name, PlaceText(reader.fDocumentPlace), rule.fMeaning);
-    if (rule.fTellsBound)
-        line += fmt::format(" (the rule: {})", AskedFor(reader.fSchemaPlace, reader.fKeyword));
-    throw JobError(line);
+    throw JobError(
+        fmt::format("{}: {}: {}", name, PlaceText(reader.fDocumentPlace), BrokenRule(reader)));
 }
 
 }  // namespace refhost
