@@ -1,7 +1,9 @@
 #include "refhost/tool/CommandLine.h"
 
+#include <fmt/format.h>
 #include <CLI/CLI.hpp>
 #include <iostream>
+#include <string>
 
 #include "refhost/run/ErrorLine.h"
 #include "refhost/tool/ExitCodes.h"
@@ -11,6 +13,21 @@ namespace refhost {
 namespace {
 
 constexpr int kMostJobs = 1000000;  // no more than splits are started
+
+/// What is wrong with the first argument that means nothing; empty where each means something. The
+/// library tells it only where nothing else is wrong, and in reverse.
+std::string TellStray(const CLI::App& app, const CLI::App& run)
+{
+    const auto isOption = [](const std::string& argument) { return argument.starts_with('-'); };
+    for (const std::string& stray : app.remaining())
+        return fmt::format(
+            "{:?} is no {}", stray,
+            isOption(stray) ? "option before the subcommand, run" : "subcommand; there is run");
+    for (const std::string& stray : run.remaining())
+        return fmt::format("{:?} is {}", stray,
+                           isOption(stray) ? "no option of run" : "one argument too many");
+    return {};
+}
 
 }  // namespace
 
@@ -49,7 +66,8 @@ std::optional<RunOptions> ReadCommandLine(int argc, char** argv, int& exitCode)
         exitCode = kExitDone;
         return std::nullopt;
     } catch (const CLI::ParseError& error) {
-        TellError(error.what());
+        const std::string stray = TellStray(app, *run);
+        TellError(stray.empty() ? error.what() : stray);
         exitCode = kExitWrong;
         return std::nullopt;
     }

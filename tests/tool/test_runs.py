@@ -65,7 +65,9 @@ class Endings(Case):
             ("texts that are none", [good, "--texts", "texts.json"], ["texts.json"]),
             ("texts under a name with a zero byte", [good, "--texts", "nul.json"], ["nul.json", "charts"]),
             ("no folder to write into", [good, "-o", "none/out.html"], ["none/out.html"]),
-            ("an unknown option", [good, "--frobnicate"], ["frobnicate"]),
+            ("an unknown option", [good, "--form", "json"], ['"--form" is no option']),
+            ("an unknown option and no job", ["--version"], ['"--version"']),
+            ("two jobs", [good, "b.json"], ['"b.json"']),
             ("no jobs", [good, "--jobs", "0"], ["--jobs"]),
             ("jobs below none", [good, "--jobs", "-2"], ["--jobs"]),
             ("jobs that are no number", [good, "--jobs", "two"], ["--jobs"]),
@@ -80,6 +82,10 @@ class Endings(Case):
                 self.assert_one_line(run, *parts)
                 self.assertEqual(run.stdout, b"")
         self.assertEqual(sorted(self.folder.iterdir()), before)
+        for arguments in (["rum", good], ["--version"], ["-q"], ["-q", "run", good]):
+            run = self.run_tool(*arguments)
+            self.assertEqual(run.returncode, 2, run.stderr)
+            self.assert_one_line(run, f'"{arguments[0]}"', "subcommand", "run")
 
     def test_output_that_can_not_be_written(self):
         for output_format in ("text", "json", "html"):
