@@ -58,7 +58,7 @@ void WriteSplit(benchmark::State& state, const std::string& name, const WriterRo
     TextTable texts;
     std::string reason;
     texts.Load(NONPAR_SOURCE_DIR "/refhost/texts/en.json", reason);
-    TextTable::Activate(&texts);
+    const TextTable::Scope active(texts);
     std::vector<std::string> noDocuments;
     for (auto _ : state) {
         const auto sink = writer.fMake({.fFile = "/dev/null"});
@@ -72,7 +72,6 @@ void WriteSplit(benchmark::State& state, const std::string& name, const WriterRo
         procedure.ProcessSplits(noDocuments, example.fSplits);
         sink->End(RunEnd());
     }
-    TextTable::Activate(nullptr);
     const std::size_t bytes = example.fSplits[0].fDocument.size();
     state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(bytes));
 }

@@ -44,7 +44,7 @@ constexpr FormatRow kFormats[] = {
 };
 // clang-format on
 
-void LoadTexts()
+const TextTable& EnglishTexts()
 {
     static const TextTable texts = [] {
         TextTable table;
@@ -52,7 +52,7 @@ void LoadTexts()
         Require(table.Load(NONPAR_SOURCE_DIR "/refhost/texts/en.json", reason), reason);
         return table;
     }();
-    TextTable::Activate(&texts);
+    return texts;
 }
 
 /// What the tool does for a job of one split.
@@ -90,7 +90,7 @@ std::string Write(const QORT_DataSource& source, const std::vector<SplitResult>&
 
 void WriteInFormat(const QORT_DataSource& source, const SplitResult& split, Format format)
 {
-    LoadTexts();
+    const TextTable::Scope scope(EnglishTexts());
     const FormatRow& row = kFormats[static_cast<std::size_t>(format)];
     row.fCheck(Write(source, {split}, row));
 }

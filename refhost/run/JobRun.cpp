@@ -124,10 +124,9 @@ RunOutcome RunJob(const RunOptions& options)
 
     OutputPlace place(OutputFile(options, writer));
     const std::unique_ptr<OutputSink> sink = MakeSink(options, writer, place);
-    TextTable::Activate(&texts);
+    const TextTable::Scope active(texts);
     const SplitEnd end =
         RunAllSplits({job, plugin, host, language, options.fQuiet}, *sink, options.fJobs);
-    TextTable::Activate(nullptr);
     if (!end.fLine.empty()) TellError(end.fLine);
     sink->End(end.fEnd);
     place.Keep();

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "refhost/run/RunOutcome.h"
+
 #include <cstddef>
 #include <string>
 
@@ -19,8 +21,6 @@ struct RunOptions {
     bool fQuiet = false;       ///< no progress
     std::size_t fJobs = 0;     ///< processes that work on splits; 0: as many as suit the job
 };
-
-enum class RunOutcome { Done, Unreadable, InvariantBroken, Interrupted, OutOfMemory };
 
 /// Runs a job: every split through the plug-in, its output to its place. What keeps a split from
 /// being done is told on standard error in one line. Throws `RunFailure` where the job, an option

@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "refhost/run/JobRun.h"
 #include "refhost/run/MemoryWatch.h"
+#include "refhost/run/RunOutcome.h"
 
 #include "refhost/document/HostRun.h"
 #include "refhost/document/OutputBuilder.h"

@@ -81,6 +81,8 @@ std::string TextTable::LookUp(Section section, std::string_view key) const
 
 const TextTable& TextTable::Active() { return *gActive; }
 
-void TextTable::Activate(const TextTable* table) { gActive = table ? table : &kEmpty; }
+TextTable::Scope::Scope(const TextTable& table) : fPrevious(gActive) { gActive = &table; }
+
+TextTable::Scope::~Scope() { gActive = fPrevious; }
 
 }  // namespace refhost

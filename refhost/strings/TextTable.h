@@ -22,11 +22,20 @@ public:
     /// The text of a key, or the key itself.
     std::string LookUp(Section section, std::string_view key) const;
 
-    /// The table by which the libraries of the host show keys; empty until one was chosen.
+    /// The table by which the libraries of the host show keys; empty outside of a `Scope`.
     static const TextTable& Active();
 
-    /// Chooses the active table, which outlives its use; null chooses the empty one.
-    static void Activate(const TextTable* table);
+    /// Makes a table active for the length of a scope.
+    class Scope {
+    public:
+        explicit Scope(const TextTable& table);
+        ~Scope();
+        Scope(const Scope&) = delete;
+        Scope& operator=(const Scope&) = delete;
+
+    private:
+        const TextTable* fPrevious;
+    };
 
 private:
     struct Hash {

@@ -116,7 +116,7 @@ TEST(CellText, LooksKeysUp)
     std::string reason;
     ASSERT_TRUE(table.Load(file, reason)) << reason;
     std::remove(file.c_str());
-    TextTable::Activate(&table);
+    const TextTable::Scope scope(table);
     struct Row {
         const char* key;
         bool lookup;
@@ -135,7 +135,6 @@ TEST(CellText, LooksKeysUp)
     composite.Add(BpString("y", false));
     composite.Finish();
     EXPECT_EQ(Snapshot(composite)->fShown, "Samples x and y are tied.");
-    TextTable::Activate(nullptr);
 }
 
 TEST(CellText, KeepsWhatWasTakenWhenACompositeGrows)
