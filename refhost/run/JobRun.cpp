@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <system_error>
 
 #include <fmt/format.h>
 
@@ -49,6 +50,21 @@ std::string OutputFile(const RunOptions& options, const WriterRow& writer)
     if (!options.fOutput.empty()) return options.fOutput;
     if (writer.fToStandardOutput) return {};
     return std::filesystem::path(options.fJob).stem().string() + std::string(writer.fExtension);
+}
+
+/// Whoever forgets `-o` should not lose the job, nor a document of it.
+void RefuseToReplaceInput(const std::string& output, const RunOptions& options, const Job& job)
+{
+    std::error_code error;
+    if (!std::filesystem::is_regular_file(output, error)) return;
+    const auto refuseAt = [&](const std::string& input) {
+        if (std::filesystem::equivalent(output, input, error))
+            throw RunFailure(fmt::format("{} can't be the output: the run reads it", output));
+    };
+    refuseAt(options.fJob);
+    refuseAt(options.fTexts);
+    for (const JobSplit& split : job.fSplits)
+        refuseAt(split.fDocument);
 }
 
 std::unique_ptr<OutputSink> MakeSink(const RunOptions& options, const WriterRow& writer,
@@ -122,7 +138,9 @@ RunOutcome RunJob(const RunOptions& options)
     host.fShowsCharts = writer.fShowsCharts || !options.fChartFolder.empty();
     const PluginLibrary plugin(options.fPlugin.empty() ? installation.fPlugin : options.fPlugin);
 
-    OutputPlace place(OutputFile(options, writer));
+    const std::string output = OutputFile(options, writer);
+    RefuseToReplaceInput(output, options, job);
+    OutputPlace place(output);
     const std::unique_ptr<OutputSink> sink = MakeSink(options, writer, place);
     const TextTable::Scope active(texts);
     const SplitEnd end =

@@ -40,6 +40,7 @@ class Endings(Case):
         good = self.write("good.json", job([{"document": "0.xml"}]))
         self.write("texts.json", "{")
         self.write("nul.json", {"pivot\0": {}})
+        (self.folder / "link.xlsx").symlink_to(good)
         split = {"document": "0.xml"}
         rows = [
             ("no job", ["none.json"], ["none.json"]),
@@ -65,6 +66,9 @@ class Endings(Case):
             ("texts that are none", [good, "--texts", "texts.json"], ["texts.json"]),
             ("texts under a name with a zero byte", [good, "--texts", "nul.json"], ["nul.json", "charts"]),
             ("no folder to write into", [good, "-o", "none/out.html"], ["none/out.html"]),
+            ("a document as the output", [good, "-o", "0.xml", "--format", "html"], ["0.xml", "reads it"]),
+            ("the job by another name as the output", [good, "-o", "link.xlsx"], ["link.xlsx", "reads it"]),
+            ("a job of the output's usual name", [self.write("m.html", job([split]))], ["m.html", "reads it"]),
             ("an unknown option", [good, "--form", "json"], ['"--form" is no option']),
             ("an unknown option and no job", ["--version"], ['"--version"']),
             ("two jobs", [good, "b.json"], ['"b.json"']),
@@ -74,14 +78,15 @@ class Endings(Case):
             ("an empty name", [good, "--charts", ""], ["--charts"]),
             ("no job", [""], ["job"]),
         ]
-        before = sorted(self.folder.iterdir())
+        contents = lambda: {path: path.read_bytes() for path in self.folder.iterdir()}
+        before = contents()
         for reason, arguments, parts in rows:
             with self.subTest(reason):
                 run = self.run_tool("run", *arguments)
                 self.assertEqual(run.returncode, 2, run.stderr)
                 self.assert_one_line(run, *parts)
                 self.assertEqual(run.stdout, b"")
-        self.assertEqual(sorted(self.folder.iterdir()), before)
+        self.assertEqual(contents(), before)
         for arguments in (["rum", good], ["--version"], ["-q"], ["-q", "run", good]):
             run = self.run_tool(*arguments)
             self.assertEqual(run.returncode, 2, run.stderr)
