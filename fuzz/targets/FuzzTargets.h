@@ -28,7 +28,7 @@ void RunDocument(std::string_view input);
 /// and the document that draws it.
 void RunChart(std::string_view input);
 
-/// A job file, and one split of each kind that it tells.
+/// A job file, and its first splits with a document about its first variables.
 void RunJobFile(std::string_view input);
 
 }  // namespace fuzz

@@ -16,13 +16,20 @@ namespace {
 
 constexpr std::size_t kMostSplits = 4;
 
-std::string Escaped(const std::string& text)
+/// A text as the value of an attribute; "?" stands for each character that no document can hold.
+std::string Escaped(std::string_view text)
 {
     std::string escaped;
-    for (const char c : text) {
-        const bool isPlain =
-            c != '<' && c != '&' && c != '"' && static_cast<unsigned char>(c) >= ' ';
-        escaped += isPlain ? std::string(1, c) : "&#" + std::to_string(static_cast<int>(c)) + ";";
+    for (; !text.empty(); text.remove_prefix(1)) {
+        const char c = text.front();
+        if (text.starts_with("\xEF\xBF\xBE") || text.starts_with("\xEF\xBF\xBF")) {
+            escaped += '?';
+            text.remove_prefix(2);
+        } else if (std::string_view("<&\"\t\n\r").find(c) != std::string_view::npos) {
+            escaped += "&#" + std::to_string(static_cast<int>(c)) + ";";
+        } else {
+            escaped += static_cast<unsigned char>(c) < ' ' ? '?' : c;
+        }
     }
     return escaped;
 }
@@ -35,8 +42,8 @@ std::string FieldElement(const refhost::Job& job, int index)
     field += variable && variable->GetType() != 0
                  ? R"(" displayName="f" optype="categorical" dataType="string">)"
                  : R"(" displayName="f" optype="ordinal" dataType="double">)";
-    for (const char* value : {"1", "2.5"})
-        field += std::string(R"(<Value index="0" value=")") + value + R"(" displayValue=""/>)";
+    field += R"(<Value index="0" value="1" displayValue=""/>)"
+             R"(<Value index="1" value="2.5" displayValue=""/>)";
     return field + "</DataField>";
 }
 
@@ -51,7 +58,7 @@ std::string DocumentAbout(const refhost::Job& job)
            R"(<NonParametricTests number="1" sigLevel="0.05">)"
            R"(<Algorithm name="IMedian" classification="Independent_Samples" decision="reject">)"
            R"(<StructuredTable name="Condition">)"
-           R"(<Attribute name="ConditionKey" value="TwoFields_I_Median_2"/>)"
+           R"(<Attribute name="ConditionKey" value="DefaultAllDistinctValuesUsed_I_Median_2"/>)"
            R"(<Attribute name="%0" value="0"/><Attribute name="%1" value="1"/></StructuredTable>)"
            R"(<StructuredTable name="BoxPlotInfo"><Attribute name="GroupFieldIndex" value="1"/>)"
            R"(<StructuredTable name="Group0"><Attribute name="GroupIndex" value="0"/>)"
@@ -80,7 +87,7 @@ void Run(const refhost::Job& job)
         split.fSplitValues.clear();
         for (const OBS& value : told.fValues)
             split.fSplitValues.push_back(&value);
-        WriteInAllFormats(*job.fDataSource, split);
+        Require(WriteInAllFormats(*job.fDataSource, split), "the document of a job is read");
     }
 }
 

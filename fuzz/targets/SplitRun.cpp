@@ -55,11 +55,10 @@ const TextTable& EnglishTexts()
     return texts;
 }
 
-/// What the tool does for a job of one split.
-std::string Write(const QORT_DataSource& source, const std::vector<SplitResult>& splits,
-                  const FormatRow& format)
+/// What the tool does for a job of one split. False where the read failed or an invariant broke.
+bool Write(const QORT_DataSource& source, const std::vector<SplitResult>& splits,
+           const FormatRow& format, std::string& text)
 {
-    std::string text;
     const auto sink = format.fMake(std::make_unique<ByteOutput>(text));
     OutputBuilder output(*sink);
     HostRun run{.fOutput = &output, .fTemplateFolder = NONPAR_SOURCE_DIR "/refhost/templates"};
@@ -83,22 +82,27 @@ std::string Write(const QORT_DataSource& source, const std::vector<SplitResult>&
     output.ThrowFailure();
     sink->EndSplit();
     sink->End(end);
-    return text;
+    return end.fResult;
 }
 
 }  // namespace
 
-void WriteInFormat(const QORT_DataSource& source, const SplitResult& split, Format format)
+bool WriteInFormat(const QORT_DataSource& source, const SplitResult& split, Format format)
 {
     const TextTable::Scope scope(EnglishTexts());
     const FormatRow& row = kFormats[static_cast<std::size_t>(format)];
-    row.fCheck(Write(source, {split}, row));
+    std::string text;
+    const bool isRead = Write(source, {split}, row, text);
+    row.fCheck(text);
+    return isRead;
 }
 
-void WriteInAllFormats(const QORT_DataSource& source, const SplitResult& split)
+bool WriteInAllFormats(const QORT_DataSource& source, const SplitResult& split)
 {
+    bool isRead = true;
     for (const Format format : {Format::Json, Format::Html, Format::Text})
-        WriteInFormat(source, split, format);
+        isRead = WriteInFormat(source, split, format) && isRead;
+    return isRead;
 }
 
 }  // namespace fuzz
