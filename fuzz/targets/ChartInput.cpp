@@ -15,7 +15,7 @@ namespace {
 using namespace refhost;
 using Words = std::vector<std::string>;
 
-/// A chart under construction: the node borrows the drawing only when both are done.
+/// A chart under construction: the node gets the drawing only when both are done.
 struct Chart {
     ChartNode fNode;
     ChartDrawing fDrawing;
