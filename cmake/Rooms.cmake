@@ -2,26 +2,12 @@
 # GoogleTest program.
 
 # nonpar_room(backend/nonpar/views/onesample backend_views_onesample): a static library of the
-# folder's sources; nothing is made of a folder without sources.
+# folder's sources.
 function(nonpar_room folder target)
     file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/${folder}/*.cpp)
-    if(NOT sources)
-        return()
-    endif()
     add_library(${target} STATIC ${sources})
     target_link_libraries(${target} PRIVATE nonpar_warnings)
     set_target_properties(${target} PROPERTIES POSITION_INDEPENDENT_CODE ON)
-endfunction()
-
-# The targets among `names` that exist, in a variable of the caller.
-function(nonpar_existing out)
-    set(found)
-    foreach(name IN LISTS ARGN)
-        if(TARGET ${name})
-            list(APPEND found ${name})
-        endif()
-    endforeach()
-    set(${out} ${found} PARENT_SCOPE)
 endfunction()
 
 # Tests are much code that runs once: optimizing it takes longer than all its runs.
@@ -32,14 +18,11 @@ endfunction()
 # Every folder below tests/ that holds sources becomes one program, named after its path.
 function(nonpar_tests)
     file(GLOB support CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/support/*.cpp)
-    if(support)
-        add_library(tests_support STATIC ${support})
-        nonpar_compile_quickly(${support})
-        target_link_libraries(tests_support PUBLIC nonpar_warnings refhost_all GTest::gtest)
-        target_include_directories(tests_support PUBLIC ${PROJECT_SOURCE_DIR}/tests)
-        target_compile_definitions(tests_support PUBLIC
-            NONPAR_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
-    endif()
+    add_library(tests_support STATIC ${support})
+    nonpar_compile_quickly(${support})
+    target_link_libraries(tests_support PUBLIC nonpar_warnings refhost_all GTest::gtest)
+    target_include_directories(tests_support PUBLIC ${PROJECT_SOURCE_DIR}/tests)
+    target_compile_definitions(tests_support PUBLIC NONPAR_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
     file(GLOB_RECURSE sources CONFIGURE_DEPENDS RELATIVE ${PROJECT_SOURCE_DIR}/tests
          ${PROJECT_SOURCE_DIR}/tests/*Test.cpp)
     set(folders)
@@ -54,13 +37,7 @@ function(nonpar_tests)
         add_executable(test_${name} ${files})
         nonpar_compile_quickly(${files})
         target_link_libraries(test_${name} PRIVATE nonpar_warnings plugin_all refhost_all
-                              GTest::gmock GTest::gtest GTest::gtest_main)
-        if(TARGET tests_support)
-            target_link_libraries(test_${name} PRIVATE tests_support)
-        endif()
-        target_include_directories(test_${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
-        target_compile_definitions(test_${name} PRIVATE
-            NONPAR_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
+                              GTest::gmock GTest::gtest GTest::gtest_main tests_support)
         gtest_discover_tests(test_${name} TEST_PREFIX "${folder}/" DISCOVERY_TIMEOUT 60)
     endforeach()
 endfunction()
