@@ -113,8 +113,7 @@ def check(file, table):
                 yield f"{path}:{number}: <{include}> is not of the standard library"
             continue
         if target is None:
-            if not include.endswith(".inc"):
-                yield f'{path}:{number}: "{include}" is no file of the project'
+            yield f'{path}:{number}: "{include}" is no file of the project'
             continue
         to = room_of(target)
         if to != room and not any(matches(pattern, to or "") for pattern in allowed):
