@@ -6,51 +6,35 @@
 #include "views/onesample/OneSampleRuns.h"
 #include "views/onesample/OneSampleWilcoxonSignedRanks.h"
 
-#include "charts/DispatchGuard.h"
-#include "model/RecordOf.h"
+#include "charts/Dispatch.h"
 
 namespace {
 
-constexpr KindRange kFamily = {kind::kChiSquare, kind::kOneSampleKolmogorovSmirnov};
+using Stats = NOPROutputStats;
+
+/// The view of a record that stands over the distribution of a field.
+template <class View, class Record>
+void DrawField(const DrawRequest& request)
+{
+    View view(request.fDictionary, request.fStats, RecordOf<Record>(request.fTest));
+    view.SelectField(request.fFieldIndex);
+    view.Render(request.fSplitText, request.fAppendSplit);
+}
+
+// clang-format off
+constexpr ViewRow kViews[] = {
+    {kind::kChiSquare,                  DrawRecord<ChiSquare, Stats::HTOChiSquare>},
+    {kind::kBinomial,                   DrawRecord<Binomial, Stats::HTOBinomial>},
+    {kind::kRuns,                       DrawRecord<OneSampleRuns, Stats::HTORuns>},
+    {kind::kOneSampleWilcoxon,          DrawField<OneSampleWilcoxonSignedRanks, Stats::HTOWilcoxonSignedRanks>},
+    {kind::kOneSampleKolmogorovSmirnov, DrawField<KolmogorovSmirnov, Stats::BaseHypothesisTest>},
+};
+// clang-format on
 
 }  // namespace
 
 void OneSample::DrawTest(const NOPROutputStats::BaseHypothesisTest* test, unsigned fieldIndex,
                          const std::string& splitText, bool appendSplit)
 {
-    if (!MayDraw(test, kFamily)) return;
-
-    using Stats = NOPROutputStats;
-    switch (test->fTestKind) {
-        case kind::kChiSquare: {
-            ChiSquare view(fDictionary, fStats, RecordOf<Stats::HTOChiSquare>(test));
-            view.Render(splitText, appendSplit);
-            break;
-        }
-        case kind::kBinomial: {
-            Binomial view(fDictionary, fStats, RecordOf<Stats::HTOBinomial>(test));
-            view.Render(splitText, appendSplit);
-            break;
-        }
-        case kind::kRuns: {
-            OneSampleRuns view(fDictionary, fStats, RecordOf<Stats::HTORuns>(test));
-            view.Render(splitText, appendSplit);
-            break;
-        }
-        case kind::kOneSampleWilcoxon: {
-            OneSampleWilcoxonSignedRanks view(fDictionary, fStats,
-                                              RecordOf<Stats::HTOWilcoxonSignedRanks>(test));
-            view.SelectField(fieldIndex);
-            view.Render(splitText, appendSplit);
-            break;
-        }
-        case kind::kOneSampleKolmogorovSmirnov: {
-            KolmogorovSmirnov view(fDictionary, fStats, test);
-            view.SelectField(fieldIndex);
-            view.Render(splitText, appendSplit);
-            break;
-        }
-        default:  // an estimated interval has no chart
-            break;
-    }
+    DrawFrom(kViews, {fDictionary, fStats, test, splitText, appendSplit, fieldIndex});
 }

@@ -1,7 +1,6 @@
 #include "views/related/RelatedSamples.h"
 
-#include "charts/DispatchGuard.h"
-#include "model/RecordOf.h"
+#include "charts/Dispatch.h"
 #include "views/related/MarginalHomogeneity.h"
 #include "views/related/RSCochransQ.h"
 #include "views/related/RSHistogram.h"
@@ -11,22 +10,6 @@
 namespace {
 
 using Stats = NOPROutputStats;
-
-/// What a view is made from and rendered with.
-struct DrawRequest {
-    const FacSTDictionary* fDictionary;
-    const NOPROutputStats* fStats;
-    const Stats::BaseHypothesisTest* fTest;
-    const std::string& fSplitText;
-    bool fAppendSplit;
-};
-
-template <class View, class Record>
-void DrawRecord(const DrawRequest& request)
-{
-    View view(request.fDictionary, request.fStats, RecordOf<Record>(request.fTest));
-    view.Render(request.fSplitText, request.fAppendSplit);
-}
 
 template <class Record>
 void DrawDifferences(const DrawRequest& request)
@@ -46,11 +29,6 @@ void DrawComparison(const DrawRequest& request)
     view.Render(request.fSplitText, request.fAppendSplit);
 }
 
-struct ViewRow {
-    TestKind fKind;
-    void (*fDraw)(const DrawRequest&);
-};
-
 // clang-format off
 constexpr ViewRow kViews[] = {
     {kind::kSign,                DrawDifferences<Stats::HTRSign>},
@@ -68,8 +46,5 @@ constexpr ViewRow kViews[] = {
 void RelatedSamples::DrawTest(const NOPROutputStats::BaseHypothesisTest* test,
                               const std::string& splitText, bool appendSplit)
 {
-    if (!MayDraw(test, {kind::kSign, kind::kMarginalHomogeneity})) return;
-    for (const ViewRow& row : kViews)
-        if (row.fKind == test->fTestKind)
-            row.fDraw({fDictionary, fStats, test, splitText, appendSplit});
+    DrawFrom(kViews, {fDictionary, fStats, test, splitText, appendSplit});
 }
