@@ -84,28 +84,20 @@ void TurnTemplate(std::string& text)
 struct ISHistogram::State {
     const FacSTDictionary* fDictionary;
     const NOPROutputStats* fStats;
-    const NOPROutputStats::HTIMannWhitneyU* fMannWhitney = nullptr;
-    const NOPROutputStats::HTIKolmogorovSmirnov* fKolmogorovSmirnov = nullptr;
-    const NOPROutputStats::HTIWaldWolfowitzRuns* fRuns = nullptr;
-    const SampleGroup* fFirstGroup = nullptr;
+    const TestForm* fForm = nullptr;           ///< null without a record
+    const SampleGroup* fFirstGroup = nullptr;  ///< null where there are fewer than two groups
     const SampleGroup* fSecondGroup = nullptr;
     const NOPROutputStats::ConditionData* fCondition = nullptr;
 
     template <class Record>
-    void TakeGroups(const Record* test)
+    void TakeTest(const TestForm& form, const Record* test)
     {
-        if (!test || test->fGroups.size() < 2) return;
+        if (!test) return;
+        fForm = &form;
+        if (test->fGroups.size() < 2) return;
         fFirstGroup = &test->fGroups[0];
         fSecondGroup = &test->fGroups[1];
         fCondition = &test->fCondition;
-    }
-
-    bool HasRecord() const { return fMannWhitney || fKolmogorovSmirnov || fRuns; }
-
-    const TestForm& Form() const
-    {
-        if (fKolmogorovSmirnov) return kKolmogorovSmirnovForm;
-        return fMannWhitney ? kMannWhitneyForm : kRunsForm;
     }
 
     const FieldInfoData* TestField() const
@@ -138,24 +130,21 @@ ISHistogram::ISHistogram(const FacSTDictionary* dictionary, const NOPROutputStat
                          const NOPROutputStats::HTIMannWhitneyU* test)
     : ISHistogram(dictionary, stats)
 {
-    fState->fMannWhitney = test;
-    fState->TakeGroups(test);
+    fState->TakeTest(kMannWhitneyForm, test);
 }
 
 ISHistogram::ISHistogram(const FacSTDictionary* dictionary, const NOPROutputStats* stats,
                          const NOPROutputStats::HTIWaldWolfowitzRuns* test)
     : ISHistogram(dictionary, stats)
 {
-    fState->fRuns = test;
-    fState->TakeGroups(test);
+    fState->TakeTest(kRunsForm, test);
 }
 
 ISHistogram::ISHistogram(const FacSTDictionary* dictionary, const NOPROutputStats* stats,
                          const NOPROutputStats::HTIKolmogorovSmirnov* test)
     : ISHistogram(dictionary, stats)
 {
-    fState->fKolmogorovSmirnov = test;
-    fState->TakeGroups(test);
+    fState->TakeTest(kKolmogorovSmirnovForm, test);
 }
 
 ISHistogram::~ISHistogram() = default;
@@ -163,7 +152,7 @@ ISHistogram::~ISHistogram() = default;
 int ISHistogram::FillChartData(VarDataProcessor& processor) const
 {
     const State& state = *fState;
-    if (!state.fStats || !state.HasRecord() || !state.fFirstGroup) return 0;
+    if (!state.fStats || !state.fFirstGroup) return 0;
     processor.AddDataSource(kSource, 0);
     for (const char* variable : {kCounts, kMeans, kLabelName, kTypes})
         processor.AddVariable(kSource, variable, nullptr);
@@ -196,8 +185,8 @@ int ISHistogram::State::FillGroupRows(VarDataProcessor& processor, const SampleG
 bool ISHistogram::Render(const std::string& splitText, bool appendSplit)
 try {
     const State& state = *fState;
-    if (!state.fStats || !state.HasRecord()) return false;
-    const TestForm& form = state.Form();
+    if (!state.fStats || !state.fForm) return false;
+    const TestForm& form = *state.fForm;
 
     VarDataProcessor processor;
     if (FillChartData(processor) == 0) return false;
@@ -234,14 +223,14 @@ void ISHistogram::State::EditTemplate(std::string& text) const
         ReplaceToken(text, "yTitle0", label);
         ReplaceToken(text, "yTitle1", label);
     }
-    if (Form().fIsMirrored) TurnTemplate(text);
+    if (fForm->fIsMirrored) TurnTemplate(text);
 }
 
 /// The group's size, and its mean rank where the test has one, under the group's text.
 void ISHistogram::State::RelabelGroup(XGraph& graph, const SampleGroup& group) const
 {
     ChartString label = NamedNumber(fDictionary, "N", FormatFixed(group.fN, 40, 0));
-    if (Form().fShowsMeanRank) {
+    if (fForm->fShowsMeanRank) {
         label.append("\n");
         label.append(NamedNumber(fDictionary, "Mean Rank", FormatFixed(group.fMeanOfRank, 40, 2)));
     }

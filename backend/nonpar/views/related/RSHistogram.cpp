@@ -44,22 +44,19 @@ void SetCategoryOrder(std::string& text, const NOPROutputStats::ConditionData& c
 struct RSHistogram::State {
     const FacSTDictionary* fDictionary;
     const NOPROutputStats* fStats;
-    const NOPROutputStats::HTRKendallsCoefficient* fKendall = nullptr;
-    const NOPROutputStats::HTRFriedmansTwoWayByRanks* fFriedman = nullptr;
+    const char* fTitleKey = nullptr;
+    const std::vector<NOPROutputStats::RankGroup>* fGroups = nullptr;  ///< null without a record
+    const NOPROutputStats::ConditionData* fCondition = nullptr;
     std::set<int> fFieldSet;
     std::vector<double> fMeanRanks;
 
-    const std::vector<NOPROutputStats::RankGroup>& Groups() const
+    template <class Record>
+    void TakeTest(const char* titleKey, const Record* test)
     {
-        return fKendall ? fKendall->fGroups : fFriedman->fGroups;
-    }
-
-    ChartString Title() const
-    {
-        return LookUpText(fDictionary,
-                          fKendall
-                              ? "Related-Samples Kendall's Coefficient of Concordance"
-                              : "Related-Samples Friedman's Two-Way Analysis of Variance by Ranks");
+        if (!test) return;
+        fTitleKey = titleKey;
+        fGroups = &test->fGroups;
+        fCondition = &test->fCondition;
     }
 
     void EditTemplate(std::string& text) const;
@@ -79,14 +76,14 @@ RSHistogram::RSHistogram(const FacSTDictionary* dictionary, const NOPROutputStat
                          const NOPROutputStats::HTRKendallsCoefficient* test)
     : RSHistogram(dictionary, stats)
 {
-    fState->fKendall = test;
+    fState->TakeTest("Related-Samples Kendall's Coefficient of Concordance", test);
 }
 
 RSHistogram::RSHistogram(const FacSTDictionary* dictionary, const NOPROutputStats* stats,
                          const NOPROutputStats::HTRFriedmansTwoWayByRanks* test)
     : RSHistogram(dictionary, stats)
 {
-    fState->fFriedman = test;
+    fState->TakeTest("Related-Samples Friedman's Two-Way Analysis of Variance by Ranks", test);
 }
 
 RSHistogram::~RSHistogram() = default;
@@ -98,7 +95,7 @@ int RSHistogram::FillChartData(VarDataProcessor& processor)
     for (const char* variable : {kCounts, kMeans, kLabelName, kTypes})
         processor.AddVariable(kSource, variable, nullptr);
     int row = 0;
-    for (const NOPROutputStats::RankGroup& group : state.Groups()) {
+    for (const NOPROutputStats::RankGroup& group : *state.fGroups) {
         state.fFieldSet.insert(group.fGroupIndex);
         state.fMeanRanks.push_back(group.fMeanOfRank);
         const auto& rows = group.fTable.fRows;
@@ -117,7 +114,7 @@ int RSHistogram::FillChartData(VarDataProcessor& processor)
 bool RSHistogram::Render(const std::string& splitText, bool appendSplit)
 try {
     const State& state = *fState;
-    if (!state.fStats || (!state.fKendall && !state.fFriedman)) return false;
+    if (!state.fStats || !state.fGroups) return false;
 
     VarDataProcessor processor;
     if (FillChartData(processor) == 0) return false;
@@ -129,7 +126,7 @@ try {
     XDocument document(text);
     PrepareDocument(document);
     XGraph& graph = document.getExternalGraph();
-    const ChartString title = state.Title();
+    const ChartString title = LookUpText(state.fDictionary, state.fTitleKey);
     SetTitles(graph, title, splitText);
     state.SetFrame(graph);
     const ChartString description = Description(title, splitText, appendSplit);
@@ -149,7 +146,7 @@ void RSHistogram::State::EditTemplate(std::string& text) const
     ReplaceTokenByWord(text, "yTitle0", fDictionary, "Rank");
     ReplaceTokenByWord(text, "yTitle1", fDictionary, "Rank");
     EraseElement(text, "<label id=\"subLabel\">", "</label>");
-    SetCategoryOrder(text, fKendall ? fKendall->fCondition : fFriedman->fCondition);
+    SetCategoryOrder(text, *fCondition);
 }
 
 /// Up to three fields fit the template's own frame.
