@@ -61,6 +61,14 @@ inline constexpr ComparisonKind kPairwise = 1;
 inline constexpr ComparisonKind kStepwise = 2;
 }  // namespace comparison
 
+/// The condition keys of the one-sample Kolmogorov-Smirnov test, which tell its distribution.
+namespace distribution {
+inline constexpr std::string_view kUniform = "UniformDistribution_O_KolmogorovSmirnov_3";
+inline constexpr std::string_view kNormal = "NormalDistribution_O_KolmogorovSmirnov_3";
+inline constexpr std::string_view kPoisson = "PoissonDistribution_O_KolmogorovSmirnov_2";
+inline constexpr std::string_view kExponential = "ExponentialDistribution_O_KolmogorovSmirnov_2";
+}  // namespace distribution
+
 /// The host's missing number: the most negative finite double. Every double of the result model
 /// starts as it.
 inline constexpr double MissingValue = -1.7976931348623157e+308;

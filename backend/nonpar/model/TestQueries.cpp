@@ -29,10 +29,10 @@ struct DistributionTitle {
 
 // clang-format off
 constexpr DistributionTitle kDistributionTitles[] = {
-    {"UniformDistribution_O_KolmogorovSmirnov_3",     "One-Sample Kolmogorov-Smirnov Uniform Test"},
-    {kNormalKey,                                      "One-Sample Kolmogorov-Smirnov Normal Test"},
-    {"PoissonDistribution_O_KolmogorovSmirnov_2",     "One-Sample Kolmogorov-Smirnov Poisson Test"},
-    {"ExponentialDistribution_O_KolmogorovSmirnov_2", "One-Sample Kolmogorov-Smirnov Exponential Test"},
+    {distribution::kUniform,     "One-Sample Kolmogorov-Smirnov Uniform Test"},
+    {distribution::kNormal,      "One-Sample Kolmogorov-Smirnov Normal Test"},
+    {distribution::kPoisson,     "One-Sample Kolmogorov-Smirnov Poisson Test"},
+    {distribution::kExponential, "One-Sample Kolmogorov-Smirnov Exponential Test"},
 };
 // clang-format on
 

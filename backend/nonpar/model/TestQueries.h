@@ -23,9 +23,6 @@ void TestFields(const NOPROutputStats::BaseHypothesisTest& test, std::vector<int
 /// The field indices that a condition names, the test field first, by the family mark in its key.
 std::vector<double> ConditionFields(const NOPROutputStats::ConditionData& condition);
 
-/// The condition key of the one-sample Kolmogorov-Smirnov test against a normal distribution.
-inline constexpr char kNormalKey[] = "NormalDistribution_O_KolmogorovSmirnov_3";
-
 /// The title of a test's heading and view: as `TestTitle`, but the one-sample Kolmogorov-Smirnov
 /// test names its distribution. A key of the text tables.
 std::string TestHeadingTitle(const NOPROutputStats::BaseHypothesisTest& test);

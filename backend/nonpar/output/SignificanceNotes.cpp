@@ -112,7 +112,8 @@ Significance FindSignificance(const Test& test)
 std::span<const SignificanceNote> EstimatedNormalNotes(const Test& test)
 {
     const auto* record = RecordOf<KolmogorovSmirnovTest>(&test);
-    if (!record || test.fCondition.fConditionKey != kNormalKey || !record->fIsUseSample) return {};
+    if (!record || test.fCondition.fConditionKey != distribution::kNormal || !record->fIsUseSample)
+        return {};
     if (HasTooFewCases(test)) return kTooFewCases;
     if (record->fHasLowerBoundSig) return kCorrectedLowerBound;
     return kCorrected;

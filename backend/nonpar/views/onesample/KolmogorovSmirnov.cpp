@@ -32,25 +32,29 @@ struct LabelLine {
     Telling fTelling;
 };
 
+/// A distribution's curve, and how the label tells its parameters.
 struct Distribution {
     std::string_view fConditionKey;
     const char* fAttribute;
+    bool fTakesRate;  ///< the curve's own parameter is the rate, the record's is the mean
     const char* fHeading;
     LabelLine fFirst;
     LabelLine fSecond;
 };
 
+constexpr bool kAsItStands = false;
+constexpr bool kAsRate = true;
 constexpr LabelLine kNoLine = {nullptr, Telling::None};
 
 // clang-format off
 constexpr Distribution kDistributions[] = {
-    {kNormalKey, "normal", "Normal Parameters",
+    {distribution::kNormal, "normal", kAsItStands, "Normal Parameters",
      {"Mean", Telling::AsMean}, {"Std. Deviation", Telling::AsSpread}},
-    {"UniformDistribution_O_KolmogorovSmirnov_3", "uniform", "Uniform Parameters",
+    {distribution::kUniform, "uniform", kAsItStands, "Uniform Parameters",
      {"Minimum", Telling::AsValue}, {"Maximum", Telling::AsValue}},
-    {"PoissonDistribution_O_KolmogorovSmirnov_2", "poisson", "Poisson Parameter",
+    {distribution::kPoisson, "poisson", kAsItStands, "Poisson Parameter",
      {"Mean", Telling::AsMean}, kNoLine},
-    {"ExponentialDistribution_O_KolmogorovSmirnov_2", "exponential", "Exponential Parameter",
+    {distribution::kExponential, "exponential", kAsRate, "Exponential Parameter",
      {"Mean", Telling::AsMean}, kNoLine},
 };
 // clang-format on
@@ -67,12 +71,6 @@ const Distribution* DistributionOf(const NOPROutputStats::BaseHypothesisTest* te
 bool HasSecond(const Distribution& distribution)
 {
     return distribution.fSecond.fTelling != Telling::None;
-}
-
-/// The curve's own parameter is the rate, the record's is the mean.
-bool IsTakenAsRate(const Distribution& distribution)
-{
-    return distribution.fAttribute == std::string_view("exponential");
 }
 
 std::string DateAttribute(double days)
@@ -141,7 +139,7 @@ void KolmogorovSmirnov::InsertCurve(std::string& text) const
     if (HasSecond(*distribution) && parameters.size() <= kSecondParameter) return;
 
     const double first = FirstValue(parameters, kFirstParameter).value_or(0.0);
-    const double parameter = IsTakenAsRate(*distribution) ? 1.0 / first : first;
+    const double parameter = distribution->fTakesRate ? 1.0 / first : first;
     const bool isDate = IsDateOnAxis(DisplayFormat(GetVariable(), 0).fType);
     std::string curve = std::string("<line><distributionStatistic distribution=\"") +
                         distribution->fAttribute + "\" parameter=\"" +
