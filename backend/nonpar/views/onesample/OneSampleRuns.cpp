@@ -43,13 +43,12 @@ void Fill(std::string& text, const Placeholder& placeholder, const ChartString& 
 
 struct OneSampleRuns::State {
     const FacSTDictionary* fDictionary;
-    const NOPROutputStats* fStats;
     const NOPROutputStats::HTORuns* fTest;
 };
 
-OneSampleRuns::OneSampleRuns(const FacSTDictionary* dictionary, const NOPROutputStats* stats,
+OneSampleRuns::OneSampleRuns(const FacSTDictionary* dictionary, const NOPROutputStats* /*stats*/,
                              const NOPROutputStats::HTORuns* test)
-    : fState(std::make_unique<State>(State{dictionary, stats, test}))
+    : fState(std::make_unique<State>(State{dictionary, test}))
 {
 }
 

@@ -10,7 +10,8 @@ class FacSTDictionary;
 class VarDataProcessor;
 
 /// The pairwise comparisons of a test as a network: a node for each sample, an edge for each pair.
-/// Borrows all that it is given; null of any of them draws nothing.
+/// Borrows all that it is given. Without a result or its comparisons there is nothing to draw;
+/// without a dictionary, keys stand for its words.
 class PairwiseGraph {
 public:
     PairwiseGraph(const NOPROutputStats* stats, const NOPROutputStats::PairwiseData* pairwise,
