@@ -156,9 +156,7 @@ int Boxplot::FillChartData(VarDataProcessor& processor)
     if (!fState->fBoxPlot || !fState->fCondition || !fState->fStats) return 0;
     SettleFields();
 
-    processor.AddDataSource(kSource, 0);
-    for (const char* variable : {kValue, kLabel, kCategory, kTooltips})
-        processor.AddVariable(kSource, variable, nullptr);
+    DeclareVariables(processor, kSource, {kValue, kLabel, kCategory, kTooltips});
 
     int row = 0;
     for (const NOPROutputStats::BoxGroup& group : fState->fBoxPlot->fGroups) {

@@ -104,9 +104,7 @@ int NOPRHistogramChart::FillChartData(VarDataProcessor& processor)
     const NumericTable* table = HistogramTable();
     if (!table || !IsFrequencyTable(*table)) return 0;
 
-    processor.AddDataSource(kSource, 0);
-    processor.AddVariable(kSource, kValue, nullptr);
-    processor.AddVariable(kSource, kCount, nullptr);
+    DeclareVariables(processor, kSource, {kValue, kCount});
 
     const auto fieldIndex = static_cast<unsigned>(fState->fField->fFieldIndex);
     const FieldInfoData* valuesField = fState->fStats->GetFieldInfo(fieldIndex);

@@ -83,9 +83,7 @@ try {
 
 int NOPRStackedChart::FillChartData(const NumericTable& table, VarDataProcessor& processor)
 {
-    processor.AddDataSource(kSource, 0);
-    for (const char* variable : {kBar, kSegment, kPercentage, kTooltip})
-        processor.AddVariable(kSource, variable, nullptr);
+    DeclareVariables(processor, kSource, {kBar, kSegment, kPercentage, kTooltip});
 
     const std::size_t barCount = std::min(table.fRowNames.size(), table.fRows.size());
     int row = 0;

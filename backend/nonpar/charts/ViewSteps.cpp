@@ -3,6 +3,7 @@
 #include "model/NOPRTestRecords.h"
 #include "model/RecordOf.h"
 
+#include "host/chart/VarDataProcessor.h"
 #include "host/chart/XDocument.h"
 #include "host/chart/XGraph.h"
 
@@ -11,6 +12,14 @@ namespace {
 constexpr int kChartEditor = 2;
 
 }  // namespace
+
+void DeclareVariables(VarDataProcessor& processor, const char* source,
+                      std::initializer_list<const char*> variables)
+{
+    processor.AddDataSource(source, 0);
+    for (const char* variable : variables)
+        processor.AddVariable(source, variable, nullptr);
+}
 
 void PrepareDocument(XDocument& document)
 {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <initializer_list>
 #include <optional>
 #include <string>
 #include <vector>
@@ -9,11 +10,16 @@
 #include "host/chart/ChartString.h"
 #include "host/chart/XVariable.h"
 
+class VarDataProcessor;
 class XDocument;
 class XGraph;
 
 /// The steps that views share. Views differ in the order of these calls, and that order shows in
 /// the output; so each step is one thing and has no switches.
+
+/// `AddDataSource`, then `AddVariable` for each variable, in their order.
+void DeclareVariables(VarDataProcessor& processor, const char* source,
+                      std::initializer_list<const char*> variables);
 
 /// `setEditor` and `setLanguage`, the first calls on every document.
 void PrepareDocument(XDocument& document);

@@ -153,9 +153,7 @@ int ISHistogram::FillChartData(VarDataProcessor& processor) const
 {
     const State& state = *fState;
     if (!state.fStats || !state.fFirstGroup) return 0;
-    processor.AddDataSource(kSource, 0);
-    for (const char* variable : {kCounts, kMeans, kLabelName, kTypes})
-        processor.AddVariable(kSource, variable, nullptr);
+    DeclareVariables(processor, kSource, {kCounts, kMeans, kLabelName, kTypes});
     const int row = state.FillGroupRows(processor, *state.fFirstGroup, 0);
     return state.FillGroupRows(processor, *state.fSecondGroup, row);
 }

@@ -137,9 +137,8 @@ int ChiSquare::FillChartData(VarDataProcessor& processor) const
 {
     if (!VariableOf(fState->fField)) return 0;
 
-    processor.AddDataSource(kSource, 0);
-    for (const char* variable : {kCategory, kFrequency, kObserved, kHypothesized, kType, kResidual})
-        processor.AddVariable(kSource, variable, nullptr);
+    DeclareVariables(processor, kSource,
+                     {kCategory, kFrequency, kObserved, kHypothesized, kType, kResidual});
 
     const NumericTable& table = fState->fTest->fTable;
     if (table.fName != kTableName) return 0;

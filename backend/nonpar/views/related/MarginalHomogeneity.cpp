@@ -64,9 +64,8 @@ MarginalHomogeneity::~MarginalHomogeneity() = default;
 
 int MarginalHomogeneity::FillChartData(VarDataProcessor& processor) const
 {
-    processor.AddDataSource(kSource, 0);
-    for (const char* variable : {kCellText, kColumn, kRow, kCategory, kCellValue, kObservedTooltip})
-        processor.AddVariable(kSource, variable, nullptr);
+    DeclareVariables(processor, kSource,
+                     {kCellText, kColumn, kRow, kCategory, kCellValue, kObservedTooltip});
     int row = 0;
     const auto& rows = fState->fSource.fComparison->fTable.fRows;
     for (std::size_t i = 0; i < rows.size(); ++i) {

@@ -91,9 +91,7 @@ RSHistogram::~RSHistogram() = default;
 int RSHistogram::FillChartData(VarDataProcessor& processor)
 {
     State& state = *fState;
-    processor.AddDataSource(kSource, 0);
-    for (const char* variable : {kCounts, kMeans, kLabelName, kTypes})
-        processor.AddVariable(kSource, variable, nullptr);
+    DeclareVariables(processor, kSource, {kCounts, kMeans, kLabelName, kTypes});
     int row = 0;
     for (const NOPROutputStats::RankGroup& group : *state.fGroups) {
         state.fFieldSet.insert(group.fGroupIndex);

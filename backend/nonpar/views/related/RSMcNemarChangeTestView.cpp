@@ -42,10 +42,9 @@ RSMcNemarChangeTestView::~RSMcNemarChangeTestView() = default;
 
 int RSMcNemarChangeTestView::FillChartData(VarDataProcessor& processor)
 {
-    processor.AddDataSource(kSource, 0);
-    for (const char* variable :
-         {kCellText, kColumn, kRow, kCategory, kCellValue, kObservedTooltip, kHypothesizedTooltip})
-        processor.AddVariable(kSource, variable, nullptr);
+    DeclareVariables(
+        processor, kSource,
+        {kCellText, kColumn, kRow, kCategory, kCellValue, kObservedTooltip, kHypothesizedTooltip});
     const auto& rows = fState->fSource.fComparison->fTable.fRows;
     for (std::size_t i = 0; i < rows.size(); ++i) {
         for (std::size_t j = 0; j < rows[i].size(); ++j) {
