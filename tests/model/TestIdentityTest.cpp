@@ -6,7 +6,7 @@
 #include <limits>
 
 #include "model/NOPROutputStats.h"
-#include "model/RecordOf.h"
+#include "model/Positions.h"
 
 namespace {
 

@@ -5,7 +5,8 @@
 #include <limits>
 
 #include "model/HostNumberText.h"
-#include "model/RecordOf.h"
+#include "model/NOPRTestIdentity.h"
+#include "model/Positions.h"
 
 #include "host/data/QORT_Variable.h"
 

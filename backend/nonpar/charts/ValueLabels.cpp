@@ -4,7 +4,7 @@
 
 #include "charts/NumberText.h"
 #include "model/NOPROutputStats.h"
-#include "model/RecordOf.h"
+#include "model/Positions.h"
 
 #include "host/data/OBS.h"
 #include "host/data/QORT_Format.h"
@@ -46,10 +46,8 @@ void ApplyValueLabels(const FieldInfoData* field, XVariable variable)
 
 const OBS* ValueAtPosition(const FieldInfoData* field, double position)
 {
-    const int index = CutToInt(position);
-    if (!field || index < 0 || static_cast<std::size_t>(index) >= field->fValues.size())
-        return nullptr;
-    return field->fValues[static_cast<std::size_t>(index)].fValue.GetObsValue();
+    const FieldValue* value = field ? ElementAt(field->fValues, CutToInt(position)) : nullptr;
+    return value ? value->fValue.GetObsValue() : nullptr;
 }
 
 std::string StringValue(const OBS& value, const QORT_Format& format)

@@ -1,7 +1,7 @@
 #include "charts/ViewSteps.h"
 
 #include "model/NOPRTestRecords.h"
-#include "model/RecordOf.h"
+#include "model/Positions.h"
 
 #include "host/chart/VarDataProcessor.h"
 #include "host/chart/XDocument.h"

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "model/NOPRTestRecords.h"
+#include "model/Positions.h"
 
 #include "host/framework/CFMetaData.h"
 
@@ -118,6 +119,6 @@ const QORT_Variable* NOPROutputStats::FieldVariable(int index) const
 const CFStatVariableValue* NOPROutputStats::FieldValueAt(int index, int valueIndex) const
 {
     const FieldInfoData* field = GetFieldInfo(static_cast<unsigned>(index));
-    if (!field || static_cast<unsigned>(valueIndex) >= field->fValues.size()) return nullptr;
-    return &field->fValues[static_cast<unsigned>(valueIndex)].fValue;
+    const FieldValue* value = field ? ElementAt(field->fValues, valueIndex) : nullptr;
+    return value ? &value->fValue : nullptr;
 }

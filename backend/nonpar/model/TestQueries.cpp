@@ -4,7 +4,7 @@
 #include <span>
 #include <string_view>
 
-#include "model/RecordOf.h"
+#include "model/Positions.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 #include "output/PostHoc.h"
 #include "output/TableParts.h"
 
-#include "model/RecordOf.h"
+#include "model/Positions.h"
 
 #include "host/framework/Conversions.h"
 #include "host/pivot/BpProcedure.h"

@@ -5,7 +5,7 @@
 #include "output/NOPROutput.h"
 #include "output/TableParts.h"
 
-#include "model/RecordOf.h"
+#include "model/Positions.h"
 #include "model/TestQueries.h"
 
 #include "host/data/QORT_DataSource.h"
@@ -85,9 +85,9 @@ BpDataValue MissingDataValue(const QORT_Variable& variable, double missingValue)
 bool AddValueOrText(BpComposite& sentence, const FieldInfoData& field, int entry,
                     const std::vector<std::string>& texts, std::size_t& usedTexts)
 {
-    if (entry >= 0 && static_cast<std::size_t>(entry) < field.fValues.size()) {
-        const OBS* value = field.fValues[static_cast<std::size_t>(entry)].fValue.GetObsValue();
-        sentence.Add(BpDataValue(field.fVariable, value, Preference::Preferred));
+    if (const FieldValue* value = ElementAt(field.fValues, entry)) {
+        sentence.Add(
+            BpDataValue(field.fVariable, value->fValue.GetObsValue(), Preference::Preferred));
         return true;
     }
     if (usedTexts == texts.size()) return false;

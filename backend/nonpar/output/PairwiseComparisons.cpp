@@ -5,7 +5,7 @@
 #include "output/RankTable.h"
 #include "output/TableParts.h"
 
-#include "model/RecordOf.h"
+#include "model/Positions.h"
 #include "views/pairwise/PairwiseGraph.h"
 
 #include "host/framework/Assertion.h"

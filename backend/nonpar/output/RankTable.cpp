@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "model/RecordOf.h"
+#include "model/Positions.h"
 
 RankTable::RankTable(const NumericTable& info)
     : fSize(static_cast<std::int64_t>(info.fRows[0].size()))

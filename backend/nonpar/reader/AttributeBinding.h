@@ -11,8 +11,6 @@
 #include "reader/Numbers.h"
 #include "reader/ReaderSteps.h"
 
-#include "model/RecordOf.h"
-
 #include "host/framework/Conversions.h"
 
 /// Which field of a record an attribute of the document fills; its type tells how its text is read.

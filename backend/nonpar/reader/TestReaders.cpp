@@ -5,6 +5,8 @@
 #include "reader/Numbers.h"
 #include "reader/ReaderSteps.h"
 
+#include "model/Positions.h"
+
 namespace {
 
 using Stats = NOPROutputStats;

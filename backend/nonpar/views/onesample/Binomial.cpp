@@ -4,7 +4,7 @@
 #include "charts/NumberText.h"
 #include "charts/TemplateText.h"
 #include "charts/ViewSteps.h"
-#include "model/RecordOf.h"
+#include "model/Positions.h"
 
 #include "host/data/QORT_Variable.h"
 #include "host/framework/CFMetaData.h"
@@ -35,10 +35,8 @@ const CFField* DictionaryField(const NOPROutputStats* stats, const FieldInfoData
 /// Null where the list does not reach that far.
 const std::string* LabelAt(const CFField& field, double number)
 {
-    const std::vector<CFValue>& labels = field.GetValueLabels();
-    const int position = CutToInt(number);
-    if (position < 0 || static_cast<std::size_t>(position) >= labels.size()) return nullptr;
-    return &labels[static_cast<std::size_t>(position)].GetText();
+    const CFValue* label = ElementAt(field.GetValueLabels(), CutToInt(number));
+    return label ? &label->GetText() : nullptr;
 }
 
 }  // namespace

@@ -5,7 +5,7 @@
 #include "charts/TemplateText.h"
 #include "charts/ViewSteps.h"
 #include "model/NOPRTestRecords.h"
-#include "model/RecordOf.h"
+#include "model/Positions.h"
 
 #include "host/chart/XDocument.h"
 #include "host/chart/XGraph.h"

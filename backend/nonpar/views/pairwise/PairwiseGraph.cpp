@@ -9,7 +9,7 @@
 #include "charts/TemplateText.h"
 #include "charts/ViewSteps.h"
 #include "model/NOPRTestRecords.h"
-#include "model/RecordOf.h"
+#include "model/Positions.h"
 
 #include "host/chart/VarDataProcessor.h"
 #include "host/chart/XDocument.h"
@@ -121,9 +121,8 @@ std::vector<double> PairwiseGraph::ColumnValues(const std::string& name, bool ra
             values.push_back(number);
             continue;
         }
-        const int position = CutToInt(number);
-        const bool names = position >= 0 && static_cast<std::size_t>(position) < samples.size();
-        values.push_back(names ? samples[static_cast<std::size_t>(position)] : MissingValue);
+        const double* sample = ElementAt(samples, CutToInt(number));
+        values.push_back(sample ? *sample : MissingValue);
     }
     return values;
 }

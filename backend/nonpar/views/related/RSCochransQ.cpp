@@ -8,6 +8,7 @@
 #include "charts/TemplateText.h"
 #include "charts/ValueLabels.h"
 #include "charts/ViewSteps.h"
+#include "model/Positions.h"
 
 #include "host/chart/ChartString.h"
 #include "host/data/OBS.h"
@@ -49,15 +50,12 @@ try {
     if (!field || !field->fIsCategorical) return columnName;
     const QORT_Format format =
         field->fVariable ? field->fVariable->GetFormat() : PlainFormat(/*decimals=*/0);
-    const int position = LeadingInteger(columnName);
-    if (position < 0 || static_cast<std::size_t>(position) >= field->fValues.size())
-        return columnName;
-    const FieldValue& value = field->fValues[static_cast<std::size_t>(position)];
-    const OBS* obs = value.fValue.GetObsValue();
+    const FieldValue* value = ElementAt(field->fValues, LeadingInteger(columnName));
+    const OBS* obs = value ? value->fValue.GetObsValue() : nullptr;
     if (!obs) return columnName;
     const ChartString text = ValueKey(*obs, format);
-    if (value.fLabel.empty()) return text.toUTF8();
-    const ChartString label = value.fLabel;
+    if (value->fLabel.empty()) return text.toUTF8();
+    const ChartString label = value->fLabel;
     return text.equals(label) ? columnName : label.toUTF8();
 } catch (...) {
     return columnName;

@@ -4,7 +4,7 @@
 #include "charts/NumberText.h"
 #include "charts/TemplateText.h"
 #include "charts/ViewSteps.h"
-#include "model/RecordOf.h"
+#include "model/Positions.h"
 #include "views/related/FacetGrid.h"
 
 #include "host/chart/VarDataProcessor.h"
@@ -158,9 +158,8 @@ std::string RSMcNemarChangeTestView::CategoryText(const FieldInfoData* field,
     std::size_t usedTexts = 0;
     for (std::size_t n = 0; n < list.size(); ++n) {
         if (n > 0) result += ',';
-        const int value = CutToInt(list[n]);
-        if (value >= 0 && static_cast<std::size_t>(value) < field->fValues.size()) {
-            result += field->fValues[static_cast<std::size_t>(value)].fLabel;
+        if (const FieldValue* value = ElementAt(field->fValues, CutToInt(list[n]))) {
+            result += value->fLabel;
             continue;
         }
         const std::string text = usedTexts < texts.size() ? texts[usedTexts] : std::string();

@@ -5,7 +5,7 @@
 #include "charts/TemplateText.h"
 #include "charts/ValueLabels.h"
 #include "charts/ViewSteps.h"
-#include "model/RecordOf.h"
+#include "model/Positions.h"
 
 #include "host/chart/VarDataProcessor.h"
 #include "host/chart/XDocument.h"
