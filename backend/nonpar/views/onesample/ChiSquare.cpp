@@ -45,11 +45,28 @@ struct Words {
     ChartString fHypothesized;
 };
 
+Words WordsOf(const FacSTDictionary* dictionary, const FieldInfoData* field)
+{
+    return {PreferredLabel(VariableOf(field)), LookUpText(dictionary, "Frequency"),
+            LookUpText(dictionary, "Observed"), LookUpText(dictionary, "Hypothesized")};
+}
+
 std::string PopupText(const Words& words, const ChartString& residual)
 {
     return "tokenTemplate=\"" + words.fTestField + "=$[category]$\n" + words.fObserved.toUTF8() +
            "=$[observed]$\n" + words.fHypothesized.toUTF8() + "=$[hypothesized]$\n" +
            residual.toUTF8() + "=$[residual]$\" ";
+}
+
+void EditTemplate(std::string& text, const ChartString& title, const Words& words,
+                  const FacSTDictionary* dictionary)
+{
+    ReplaceToken(text, "titleText", title.toUTF8());
+    ReplaceToken(text, "xAxisText", words.fTestField);
+    ReplaceToken(text, "yAxisText", words.fFrequency.toUTF8());
+    ReplaceToken(text, "legendTitle", words.fFrequency.toUTF8());
+    InsertAt(text, kPopup, kPopupAttributes,
+             PopupText(words, LookUpText(dictionary, kResidualWord)));
 }
 
 /// A category is two rows of the chart: its observed frequency, and the hypothesized one.
@@ -105,15 +122,8 @@ try {
     if (text.empty()) return false;
     const FacSTDictionary* dictionary = fState->fDictionary;
     const ChartString title = LookUpText(dictionary, kTitle);
-    const Words words = {PreferredLabel(VariableOf(fState->fField)),
-                         LookUpText(dictionary, "Frequency"), LookUpText(dictionary, "Observed"),
-                         LookUpText(dictionary, "Hypothesized")};
-    ReplaceToken(text, "titleText", title.toUTF8());
-    ReplaceToken(text, "xAxisText", words.fTestField);
-    ReplaceToken(text, "yAxisText", words.fFrequency.toUTF8());
-    ReplaceToken(text, "legendTitle", words.fFrequency.toUTF8());
-    InsertAt(text, kPopup, kPopupAttributes,
-             PopupText(words, LookUpText(dictionary, kResidualWord)));
+    const Words words = WordsOf(dictionary, fState->fField);
+    EditTemplate(text, title, words, dictionary);
 
     XDocument document(text);
     PrepareDocument(document);
