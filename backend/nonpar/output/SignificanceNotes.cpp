@@ -139,6 +139,7 @@ void NOPROutput::SignificanceCell(BpCategory category, const Test& test) const
         return;
     }
 
+    // All numbers go in before the first note; the detail table sets each before its own note.
     const auto notes = FootnotesOf(test, significance);
     for (const SignificanceNote& note : notes) {
         if (note.fInstead) category.Cell(BpNumber(*note.fInstead, BpProcedure::Significance()));
