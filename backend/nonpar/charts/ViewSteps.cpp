@@ -70,6 +70,13 @@ const FieldInfoData* FieldAt(const NOPROutputStats* stats, double index)
     return stats ? stats->GetFieldInfo(static_cast<unsigned>(CutToInt(index))) : nullptr;
 }
 
+const std::vector<NOPROutputStats::ConditionParameter>& ParametersOf(
+    const NOPROutputStats::BaseHypothesisTest* test)
+{
+    static const std::vector<NOPROutputStats::ConditionParameter> kNone;
+    return test ? test->fCondition.fParameters : kNone;
+}
+
 std::optional<double> FirstValue(const std::vector<NOPROutputStats::ConditionParameter>& parameters,
                                  std::size_t position)
 {

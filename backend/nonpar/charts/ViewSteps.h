@@ -46,6 +46,10 @@ const QORT_Variable* VariableOf(const FieldInfoData* field);
 /// The record that a list's number names, cut to an integer; null where it names none.
 const FieldInfoData* FieldAt(const NOPROutputStats* stats, double index);
 
+/// The parameters of a test's condition; none without a test.
+const std::vector<NOPROutputStats::ConditionParameter>& ParametersOf(
+    const NOPROutputStats::BaseHypothesisTest* test);
+
 /// The first value of a condition's parameter; none where there is no such parameter or value.
 std::optional<double> FirstValue(const std::vector<NOPROutputStats::ConditionParameter>& parameters,
                                  std::size_t position);

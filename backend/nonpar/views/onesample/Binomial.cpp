@@ -65,8 +65,7 @@ std::string Binomial::CategoryLabel(const std::string&, const std::string& colum
 
 const std::vector<NOPROutputStats::ConditionParameter>& Binomial::ParameterTable()
 {
-    static const std::vector<NOPROutputStats::ConditionParameter> kNone;
-    return fTest ? fTest->fCondition.fParameters : kNone;
+    return ParametersOf(fTest);
 }
 
 const NumericTable* Binomial::ChartTable() { return fTest ? &fTest->fTable : nullptr; }

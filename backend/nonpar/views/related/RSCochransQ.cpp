@@ -63,8 +63,7 @@ try {
 
 const std::vector<NOPROutputStats::ConditionParameter>& RSCochransQ::ParameterTable()
 {
-    static const std::vector<NOPROutputStats::ConditionParameter> kNone;
-    return fTest ? fTest->fCondition.fParameters : kNone;
+    return ParametersOf(fTest);
 }
 
 const NumericTable* RSCochransQ::ChartTable() { return fTest ? &fTest->fTable : nullptr; }
