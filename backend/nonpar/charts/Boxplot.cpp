@@ -217,10 +217,6 @@ void Boxplot::SetTitle(const ChartString& title) { fState->fTitle = title; }
 
 const FacSTDictionary* Boxplot::GetDictionary() const { return fState->fDictionary; }
 
-const NOPROutputStats* Boxplot::GetStats() const { return fState->fStats; }
-
 const NOPROutputStats::BoxPlotData* Boxplot::GetBoxPlot() const { return fState->fBoxPlot; }
-
-const FieldInfoData* Boxplot::GetGroupField() const { return fState->fGroupField; }
 
 const FieldInfoData* Boxplot::GetTestField() const { return fState->fTestField; }

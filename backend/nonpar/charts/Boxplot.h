@@ -47,9 +47,7 @@ protected:
     void SetTitle(const ChartString& title);
 
     const FacSTDictionary* GetDictionary() const;
-    const NOPROutputStats* GetStats() const;
     const NOPROutputStats::BoxPlotData* GetBoxPlot() const;
-    const FieldInfoData* GetGroupField() const;
     const FieldInfoData* GetTestField() const;
 
 private:
