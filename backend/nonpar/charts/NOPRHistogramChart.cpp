@@ -1,7 +1,9 @@
 #include "charts/NOPRHistogramChart.h"
 
+#include "charts/ChartWords.h"
 #include "charts/Dates.h"
 #include "charts/NumberText.h"
+#include "charts/TemplateText.h"
 #include "charts/ValueLabels.h"
 #include "charts/ViewSteps.h"
 #include "model/NOPROutputStats.h"
@@ -126,8 +128,18 @@ void NOPRHistogramChart::EditDocument(XDocument&) {}
 
 const FacSTDictionary* NOPRHistogramChart::GetDictionary() const { return fState->fDictionary; }
 
-const NOPROutputStats* NOPRHistogramChart::GetStats() const { return fState->fStats; }
-
 const FieldInfoData* NOPRHistogramChart::GetField() const { return fState->fField; }
 
 const QORT_Variable* NOPRHistogramChart::GetVariable() const { return VariableOf(fState->fField); }
+
+void NOPRHistogramChart::NameAxes(std::string& text) const
+{
+    ReplaceToken(text, "xAxisLabel", PreferredLabel(GetVariable()));
+    ReplaceTokenByWord(text, "yAxisLabel", fState->fDictionary, "Frequency");
+}
+
+void NOPRHistogramChart::BindValues(XDocument& document) const
+{
+    if (const QORT_Variable* variable = GetVariable())
+        BindVariable(document.getExternalGraph().getVariable(kValue, 0), variable);
+}

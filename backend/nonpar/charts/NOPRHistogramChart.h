@@ -38,11 +38,18 @@ protected:
     ~NOPRHistogramChart();
 
     const FacSTDictionary* GetDictionary() const;
-    const NOPROutputStats* GetStats() const;
     const FieldInfoData* GetField() const;
 
     /// Null when there is no field or the host knows no variable of it.
     const QORT_Variable* GetVariable() const;
+
+    // Steps of the views of tests.
+
+    /// The field along the x axis, frequencies along the y axis.
+    void NameAxes(std::string& text) const;
+
+    /// Binds the axis of values to the field's variable, where there is one.
+    void BindValues(XDocument& document) const;
 
 private:
     struct State;

@@ -8,17 +8,12 @@
 #include "model/NOPRTestRecords.h"
 #include "model/TestQueries.h"
 
-#include "host/chart/XDocument.h"
-#include "host/chart/XGraph.h"
-#include "host/data/QORT_Variable.h"
-
 namespace {
 
 constexpr char kTableName[] = "Interval";
 constexpr char kLabelToken[] = "labelText";
 constexpr char kGraphEnd[] = "</graph>";
 constexpr char kLineBreak[] = "&#10;";
-constexpr char kValue[] = "value";
 
 /// Positions of the record's parameters; the tested field is the first.
 constexpr std::size_t kFirstParameter = 1;
@@ -125,11 +120,7 @@ void KolmogorovSmirnov::EditTemplate(std::string& text)
     FillLabel(text);
 }
 
-void KolmogorovSmirnov::EditDocument(XDocument& document)
-{
-    if (const QORT_Variable* variable = GetVariable())
-        BindVariable(document.getExternalGraph().getVariable(kValue, 0), variable);
-}
+void KolmogorovSmirnov::EditDocument(XDocument& document) { BindValues(document); }
 
 void KolmogorovSmirnov::InsertCurve(std::string& text) const
 {
@@ -151,12 +142,6 @@ void KolmogorovSmirnov::InsertCurve(std::string& text) const
     }
     curve += "/><x variable=\"value\"/><y variable=\"count\"/></line>";
     InsertBefore(text, kGraphEnd, curve);
-}
-
-void KolmogorovSmirnov::NameAxes(std::string& text) const
-{
-    ReplaceToken(text, "xAxisLabel", PreferredLabel(GetVariable()));
-    ReplaceTokenByWord(text, "yAxisLabel", GetDictionary(), "Frequency");
 }
 
 void KolmogorovSmirnov::FillLabel(std::string& text) const

@@ -17,7 +17,6 @@ public:
 
 private:
     void InsertCurve(std::string& text) const;
-    void NameAxes(std::string& text) const;
     void FillLabel(std::string& text) const;
     std::string LabelText() const;
 

@@ -3,19 +3,16 @@
 #include "charts/ChartWords.h"
 #include "charts/NumberText.h"
 #include "charts/TemplateText.h"
-#include "charts/ViewSteps.h"
 #include "model/NOPRTestRecords.h"
 
 #include "host/chart/ViZ.h"
 #include "host/chart/XDocument.h"
-#include "host/chart/XGraph.h"
 
 namespace {
 
 using Test = NOPROutputStats::HTOWilcoxonSignedRanks;
 
 constexpr char kTitle[] = "One-Sample Wilcoxon Signed Rank Test";
-constexpr char kValue[] = "value";
 
 constexpr int kBold = 2;
 
@@ -131,10 +128,8 @@ OneSampleWilcoxonSignedRanks::OneSampleWilcoxonSignedRanks(const FacSTDictionary
 
 void OneSampleWilcoxonSignedRanks::EditTemplate(std::string& text)
 {
-    const QORT_Variable* variable = GetVariable();
-    if (!variable) return;
-    ReplaceToken(text, "xAxisLabel", PreferredLabel(variable));
-    ReplaceTokenByWord(text, "yAxisLabel", GetDictionary(), "Frequency");
+    if (!GetVariable()) return;
+    NameAxes(text);
     ReplaceToken(text, "labelText", "");
 }
 
@@ -147,8 +142,7 @@ void OneSampleWilcoxonSignedRanks::EditDocument(XDocument& document)
         PlaceGraph(visualization, *graphs.front());
         AddFrames(visualization, *graphs.front());
     }
-    if (const QORT_Variable* variable = GetVariable())
-        BindVariable(document.getExternalGraph().getVariable(kValue, 0), variable);
+    BindValues(document);
 }
 
 void OneSampleWilcoxonSignedRanks::AddGuides(ViZVisualization& visualization, ViZGraph& graph) const
