@@ -59,6 +59,7 @@ TEST(ToNumericTable, KeepsWhatAnEmptyRowHeldBefore)
     ToNumericTable({"", "old", "old", {"1 2", "3", "5"}}, table);
     ToNumericTable({"", "new", "new", {"", "4"}}, table);
     EXPECT_THAT(table.fRowNames, ElementsAre("new"));
+    EXPECT_THAT(table.fColumnNames, ElementsAre("new"));
     EXPECT_THAT(table.fRows, ElementsAre(ElementsAre(1, 2), ElementsAre(4)));
 }
 
