@@ -24,10 +24,11 @@ enum class BinKind {
 };
 
 /// Bins with edges at round numbers, from about ten to twenty of them where the numbers vary. A
-/// single number gets one bin of width 1 with the number in its middle. No number, no bin.
+/// single number gets one bin of width 1 with the number in its middle. No number, no bin; nor for
+/// a range that is wider than doubles go.
 Bins MakeBins(const std::vector<double>& numbers, BinKind kind);
 
-/// 1, 2 or 5 times a power of ten: the least that is not below `step`. `step` is positive.
+/// 1, 2 or 5 times a power of ten: the least that is not below `step`, from 1e-300 to 1e308.
 double NiceStep(double step);
 
 /// The same in milliseconds: seconds, minutes, hours, days, weeks and up.

@@ -101,7 +101,7 @@ double InterpolatedQuantile(const std::vector<double>& sorted, double part)
     const auto below = static_cast<std::size_t>(std::floor(place));
     const std::size_t above = std::min(below + 1, sorted.size() - 1);
     const double share = place - std::floor(place);
-    return share == 0.0 ? sorted[below] : sorted[below] + share * (sorted[above] - sorted[below]);
+    return std::lerp(sorted[below], sorted[above], share);
 }
 
 std::optional<BoxNumbers> SummarizeBox(std::vector<double> values)

@@ -10,7 +10,8 @@ namespace refhost {
 namespace {
 
 constexpr int kSteps = 100;
-constexpr double kMostWholeNumbers = 400.0;
+constexpr int kMostWholeNumbers = 400;
+constexpr double kLastCounted = 9007199254740992.0;  // where doubles begin to skip whole numbers
 constexpr double kMillisecondsPerSecond = 1000.0;
 
 std::optional<double> InUnitOfAxis(const std::optional<tree::Parameter>& parameter, bool onTimeAxis)
@@ -50,6 +51,19 @@ double PoissonProbability(double mean, double count)
     return std::exp(count * std::log(mean) - mean - std::lgamma(count + 1.0));
 }
 
+/// From `low` on and below `end`, as far as there are doubles for them.
+std::vector<double> WholeNumbers(double low, double end)
+{
+    std::vector<double> numbers;
+    const double first = std::ceil(low);
+    for (int step = 0; step < kMostWholeNumbers; ++step) {
+        const double number = first + step;
+        if (!(number < end) || std::fabs(number) >= kLastCounted) break;
+        numbers.push_back(number);
+    }
+    return numbers;
+}
+
 std::vector<CurvePoint> PoissonPoints(const CurveShape& shape, double low, double high,
                                       double scale, const std::optional<Bins>& bins)
 {
@@ -57,8 +71,7 @@ std::vector<CurvePoint> PoissonPoints(const CurveShape& shape, double low, doubl
     if (bins && bins->fWidth > 1.0) {
         for (std::size_t bin = 0; bin < bins->fCount; ++bin) {
             double probability = 0.0;
-            for (double k = std::ceil(bins->Edge(bin));
-                 k < bins->Edge(bin + 1) && k < bins->Edge(bin) + kMostWholeNumbers; ++k) {
+            for (const double k : WholeNumbers(bins->Edge(bin), bins->Edge(bin + 1))) {
                 probability += PoissonProbability(shape.fParameter, k);
             }
             const double middle = (bins->Edge(bin) + bins->Edge(bin + 1)) / 2;
@@ -66,9 +79,34 @@ std::vector<CurvePoint> PoissonPoints(const CurveShape& shape, double low, doubl
         }
         return points;
     }
-    const double first = std::max(0.0, std::ceil(low));
-    for (double k = first; k <= high && k < first + kMostWholeNumbers; ++k) {
+    for (const double k : WholeNumbers(std::max(0.0, low), std::floor(high) + 1.0)) {
         points.push_back({k, PoissonProbability(shape.fParameter, k) * scale});
+    }
+    return points;
+}
+
+/// Also those that lie beyond all numbers.
+std::vector<CurvePoint> AllPoints(const CurveShape& shape, double low, double high, double scale,
+                                  const std::optional<Bins>& bins)
+{
+    if (shape.fKind == tree::Distribution::Poisson) {
+        return PoissonPoints(shape, low, high, scale, bins);
+    }
+    if (shape.fKind == tree::Distribution::Uniform) {
+        const double height = scale / (shape.fSecondary - shape.fParameter);
+        return {{shape.fParameter, 0.0},
+                {shape.fParameter, height},
+                {shape.fSecondary, height},
+                {shape.fSecondary, 0.0}};
+    }
+    const bool startsAtZero = shape.fKind == tree::Distribution::Exponential;
+    const double first = startsAtZero ? std::max(low, 0.0) : low;
+    if (!(high > first)) return {};
+    std::vector<CurvePoint> points;
+    if (startsAtZero && first == 0.0) points.push_back({0.0, 0.0});
+    for (int step = 0; step <= kSteps; ++step) {
+        const double x = first + (high - first) * step / kSteps;
+        points.push_back({x, Density(shape, x) * scale});
     }
     return points;
 }
@@ -115,25 +153,10 @@ std::vector<CurvePoint> CurvePoints(const CurveShape& shape, double low, double 
                                     const std::optional<Bins>& bins)
 {
     if (!(high > low) || !std::isfinite(high - low) || !std::isfinite(scale)) return {};
-    if (shape.fKind == tree::Distribution::Poisson) {
-        return PoissonPoints(shape, low, high, scale, bins);
-    }
-    if (shape.fKind == tree::Distribution::Uniform) {
-        const double height = scale / (shape.fSecondary - shape.fParameter);
-        return {{shape.fParameter, 0.0},
-                {shape.fParameter, height},
-                {shape.fSecondary, height},
-                {shape.fSecondary, 0.0}};
-    }
-    const bool startsAtZero = shape.fKind == tree::Distribution::Exponential;
-    const double first = startsAtZero ? std::max(low, 0.0) : low;
-    if (!(high > first)) return {};
-    std::vector<CurvePoint> points;
-    if (startsAtZero && first == 0.0) points.push_back({0.0, 0.0});
-    for (int step = 0; step <= kSteps; ++step) {
-        const double x = first + (high - first) * step / kSteps;
-        points.push_back({x, Density(shape, x) * scale});
-    }
+    std::vector<CurvePoint> points = AllPoints(shape, low, high, scale, bins);
+    std::erase_if(points, [](const CurvePoint& point) {
+        return !std::isfinite(point.fX) || !std::isfinite(point.fY);
+    });
     return points;
 }
 

@@ -14,6 +14,8 @@ constexpr double kPixelsUpright = 30.0;  // between ticks
 constexpr double kPixelsLying = 48.0;
 constexpr double kPixelsOfDates = 90.0;
 constexpr double kFarthest = 1e300;  // ranges beyond it have no length
+constexpr double kNextTo = 1e-9;     // of a number: doubles that are told apart for sure
+constexpr double kHalfDay = 43'200'000.0;
 
 int TickCount(double pixels, double apart)
 {
@@ -41,6 +43,8 @@ void SetRange(ScaledDirection& scaled, TickedRange range)
     scaled.fTicks = std::move(range.fTicks);
 }
 
+double Reachable(double place) { return std::clamp(place, -kFarthest, kFarthest); }
+
 TickedRange NumberRange(const PlotDirection& direction, const Extent& extent, int ticks,
                         double pixels)
 {
@@ -49,18 +53,19 @@ TickedRange NumberRange(const PlotDirection& direction, const Extent& extent, in
         return TickedRange{
             low, high, isTime ? TimeTicksWithin(low, high, ticks) : TicksWithin(low, high, ticks)};
     };
-    double low = direction.fMin.value_or(extent.fLow);
-    double high = direction.fMax.value_or(extent.fHigh);
+    const double low = Reachable(direction.fMin.value_or(extent.fLow));
+    double high = Reachable(direction.fMax.value_or(extent.fHigh));
     const bool isFixed = direction.fMin && direction.fMax;
     if (direction.fCounts && low >= 0.0 && !direction.fMax) {
         return CountRange(high, ticks, direction.fAir ? kNumberHeight / pixels : 0.0);
     }
     if (isFixed || direction.fTight) {
-        if (!(high > low)) high = low + 1.0;
+        if (!(high > low)) high = low + std::max(1.0, std::fabs(low) * kNextTo);
         return within(low, high);
     }
     if (!isTime) return RoundRange(low, high, ticks);
-    const double air = high > low ? (high - low) * 0.03 : 43'200'000.0;
+    const double air =
+        high > low ? (high - low) * 0.03 : std::max(kHalfDay, std::fabs(low) * kNextTo);
     return within(low - air, high + air);
 }
 
@@ -71,8 +76,6 @@ ScaledDirection ScaleDirection(const PlotDirection& direction, double pixels, bo
     if (direction.fKind == ScaleKind::Category) return CategoryDirection(direction);
     Extent extent = direction.fExtent;
     if (extent.IsEmpty()) extent = {0.0, 1.0};
-    extent.fLow = std::clamp(extent.fLow, -kFarthest, kFarthest);
-    extent.fHigh = std::clamp(extent.fHigh, -kFarthest, kFarthest);
     ScaledDirection scaled;
     scaled.fScale.fKind = direction.fKind;
     const bool hasLongLabels = direction.fKind == ScaleKind::Time ||

@@ -46,7 +46,7 @@ double BarWidth(std::vector<double> numbers)
         gap = std::min(gap, numbers[next] - numbers[next - 1]);
     }
     const double range = numbers.back() - numbers.front();
-    return std::max(gap, range * kNarrowestBar);
+    return std::min(std::max(gap, range * kNarrowestBar), std::numeric_limits<double>::max());
 }
 
 ScaleKind KindOf(const tree::DimensionSpec* spec, const DataVariable* variable)

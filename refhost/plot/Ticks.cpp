@@ -8,6 +8,7 @@
 #include "refhost/data/Calendar.h"
 #include "refhost/data/NumberText.h"
 #include "refhost/plot/Bins.h"
+#include "refhost/plot/ChartData.h"
 
 namespace refhost {
 namespace {
@@ -18,6 +19,8 @@ constexpr double kDay = 86'400'000.0;
 constexpr int kTickLimit = 50;
 constexpr double kLongNumber = 1e15;
 constexpr double kShortNumber = 1e-4;
+constexpr double kNearest = 1e-300;  // what lies closer or farther is as good as there
+constexpr double kFarthest = 1e300;
 
 std::string WithMinusSign(std::string text)
 {
@@ -25,9 +28,15 @@ std::string WithMinusSign(std::string text)
     return text;
 }
 
+/// As the host counts them.
+double Seconds(double milliseconds) { return milliseconds / 1000.0 + kSecondsTo1970; }
+
+/// False where numbers lie beyond the years that have dates.
+bool IsInCalendar(double milliseconds) { return DateText(Seconds(milliseconds)).has_value(); }
+
 std::string TimeText(double milliseconds, double step)
 {
-    const double seconds = milliseconds / 1000.0 + kSecondsTo1970;
+    const double seconds = Seconds(milliseconds);
     const auto text = step >= kDay ? DateText(seconds) : DateTimeText(seconds, ' ', 0);
     return text.value_or(std::string());
 }
@@ -73,20 +82,45 @@ std::vector<AxisTick> SteppedTicks(double low, double high, double step)
     return ticks;
 }
 
+/// A place that ranges and steps can be reckoned with.
+double Placed(double place)
+{
+    if (std::isnan(place) || std::fabs(place) < kNearest) return 0.0;
+    return std::clamp(place, -kFarthest, kFarthest);
+}
+
+/// Wide enough that the places of ticks differ.
+double StepWithin(double low, double high, int steps)
+{
+    const double coarse = std::max(std::fabs(low), std::fabs(high)) * 1e-14;
+    return NiceStep(std::max((high - low) / std::max(1, steps), coarse));
+}
+
+/// Numbers that the calendar doesn't reach are told as any others.
+std::vector<AxisTick> UndatedTicks(double low, double high, int ticks)
+{
+    std::vector<AxisTick> places = SteppedTicks(low, high, StepWithin(low, high, ticks));
+    for (AxisTick& tick : places) {
+        tick.fLabel = ReadableNumber(Seconds(tick.fAt), 0);
+    }
+    return places;
+}
+
 }  // namespace
 
 std::string TickText(double number, double step)
 {
     const double size = std::fabs(number);
     if (size < step * 1e-6) return "0";
-    if (size >= kLongNumber || step < kShortNumber) return WithMinusSign(ShortText(number, 12));
-    const int decimals = std::clamp(static_cast<int>(std::ceil(-std::log10(step) - 1e-9)), 0, 6);
-    return WithMinusSign(FixedText(number, decimals));
+    if (size >= kLongNumber || !(step >= kShortNumber)) return WithMinusSign(ShortText(number, 12));
+    const double decimals = std::clamp(std::ceil(-std::log10(step) - 1e-9), 0.0, 6.0);
+    return WithMinusSign(FixedText(number, static_cast<int>(decimals)));
 }
 
 TickedRange CountRange(double most, int ticks, double air)
 {
-    const double top = std::isfinite(most) && most > 0.0 ? most : 1.0;
+    const double top =
+        std::isfinite(most) && most > 0.0 ? std::clamp(most, kNearest, kFarthest) : 1.0;
     const bool endsAtTick = air <= 0.0 && ticks >= kFewTicks;
     double step = NiceStep(top * kAir / std::max(1, endsAtTick ? ticks - 1 : ticks));
     if (top >= 2.0 || top == std::floor(top)) step = std::max(1.0, step);
@@ -99,27 +133,34 @@ TickedRange CountRange(double most, int ticks, double air)
 
 TickedRange RoundRange(double low, double high, int ticks)
 {
+    low = Placed(low);
+    high = Placed(high);
     if (!(high > low)) {
         const double around = low == 0.0 ? 1.0 : std::fabs(low) * 0.1;
         return RoundRange(low - around, low + around, ticks);
     }
-    const double step = NiceStep((high - low) / std::max(1, ticks - 1));
+    const double step = StepWithin(low, high, ticks - 1);
     TickedRange range;
     range.fMin = std::floor(low / step + 1e-9) * step;
-    range.fMax = std::ceil(high / step - 1e-9) * step;
+    range.fMax = std::max(std::ceil(high / step - 1e-9) * step, range.fMin + step);
     range.fTicks = SteppedTicks(range.fMin, range.fMax, step);
     return range;
 }
 
 std::vector<AxisTick> TicksWithin(double low, double high, int ticks)
 {
+    low = Placed(low);
+    high = Placed(high);
     if (!(high > low)) return {};
-    return SteppedTicks(low, high, NiceStep((high - low) / std::max(1, ticks)));
+    return SteppedTicks(low, high, StepWithin(low, high, ticks));
 }
 
 std::vector<AxisTick> TimeTicksWithin(double low, double high, int ticks)
 {
+    low = Placed(low);
+    high = Placed(high);
     if (!(high > low)) return {};
+    if (!IsInCalendar(low) || !IsInCalendar(high)) return UndatedTicks(low, high, ticks);
     const double wanted = (high - low) / std::max(1, ticks);
     if (wanted > 14 * kDay) return CalendarTicks(low, high, std::max(1, ticks));
     const double step = NiceTimeStep(wanted);

@@ -30,6 +30,9 @@ TEST(MakeBins, HoldsEveryNumberBetweenRoundEdges)
              Row{{-1e15, -1e15 + 1}, BinKind::Number, 0, "hardly apart for their size"},
              Row{{0, 40 * kDay}, BinKind::Date, 7 * kDay, "weeks"},
              Row{{1e300, -1e300}, BinKind::Number, 0, "as wide as doubles go"},
+             Row{{-2, -1}, BinKind::Number, 0, "an upper edge below zero"},
+             Row{{5e-324, 1e-323}, BinKind::Number, 0, "as near as doubles go"},
+             Row{{9007199254740992, 9007199254741010}, BinKind::Whole, 0, "whole numbers skipped"},
          }) {
         SCOPED_TRACE(row.why);
         const Bins bins = MakeBins(row.numbers, row.kind);
@@ -55,7 +58,32 @@ TEST(MakeBins, HasNoneForRangesBeyondTheNumbers)
 {
     EXPECT_EQ(MakeBins({}, BinKind::Number).fCount, 0u);
     const double largest = std::numeric_limits<double>::max();
-    EXPECT_EQ(MakeBins({-largest, largest}, BinKind::Number).fCount, 0u);
+    for (const BinKind kind : {BinKind::Number, BinKind::Date, BinKind::Whole}) {
+        EXPECT_EQ(MakeBins({-largest, largest}, kind).fCount, 0u);
+    }
+}
+
+TEST(Ranges, OfExtremeNumbersHaveAFewTicksThatDiffer)
+{
+    struct Row {
+        double low, high;
+        const char* why;
+    };
+    for (const Row& row : {Row{5e-324, 5e-324, "one number next to zero"},
+                           Row{3e-323, 3e-323, "digits are lost there"},
+                           Row{9007199254740992, 9007199254740994, "whole numbers are skipped"},
+                           Row{1e27, 1.1e27, "no calendar reaches there"},
+                           Row{-1.7e308, 1.7e308, "no double is as long"}}) {
+        SCOPED_TRACE(row.why);
+        const TickedRange range = RoundRange(row.low, row.high, 8);
+        EXPECT_LT(range.fMin, range.fMax);
+        for (const auto& ticks : {range.fTicks, TimeTicksWithin(row.low, row.high, 8)}) {
+            EXPECT_LE(ticks.size(), 50u);
+            for (std::size_t at = 1; at < ticks.size(); ++at) {
+                EXPECT_GT(ticks[at].fAt, ticks[at - 1].fAt);
+            }
+        }
+    }
 }
 
 TEST(CurvePoints, CoverTheAreaOfTheBars)
@@ -99,6 +127,8 @@ TEST(CurvePoints, OfPoissonStandAtWholeNumbersAndSumToTheRows)
         area += point.fY;
     }
     EXPECT_NEAR(area, 200.0, 1e-6) << "a bin of several counts has the sum of them";
+    EXPECT_LE(CurvePoints(shape, 9007199254740992, 9007199254741010, 1.0, std::nullopt).size(), 1u)
+        << "beyond it a double and one more are the same";
 }
 
 TEST(ShapeOf, RefusesParametersOutOfRange)
