@@ -53,12 +53,16 @@ std::string_view WithoutLeadingBlanks(std::string_view word)
 /// As much of the text as fits with an ellipsis behind it; whole characters.
 std::string Shortened(std::string_view text, double fontSize, double room)
 {
-    while (!text.empty() && TextWidth(text, fontSize) + TextWidth(kEllipsis, fontSize) > room) {
-        while (text.size() > 1 && IsContinuation(static_cast<unsigned char>(text.back()))) {
-            text.remove_suffix(1);
-        }
-        text.remove_suffix(1);
+    double width = TextWidth(kEllipsis, fontSize);
+    std::size_t fits = 0;
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        const auto byte = static_cast<unsigned char>(text[at]);
+        if (!IsContinuation(byte)) fits = at;
+        width += kWidths[byte] * fontSize;
+        if (width > room) break;
+        if (at + 1 == text.size()) fits = text.size();
     }
+    text = text.substr(0, fits);
     while (!text.empty() && (text.back() == ' ' || text.back() == ',')) {
         text.remove_suffix(1);
     }
