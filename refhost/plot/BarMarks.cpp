@@ -59,15 +59,17 @@ public:
                 place = (fStanding.fBins->Edge(bin) + fStanding.fBins->Edge(bin + 1)) / 2;
             }
             const Bar bar{*place, SeriesOf(row), *value / fScaling, row};
-            if (fIsSum) {
-                const auto [at, isNew] = sums.try_emplace({bar.fPlace, bar.fSeries}, bars.size());
-                if (!isNew) {
-                    bars[at->second].fValue += bar.fValue;
-                    continue;
-                }
+            const std::pair key(bar.fPlace, bar.fSeries);
+            if (const auto at = fIsSum ? sums.find(key) : sums.end(); at != sums.end()) {
+                bars[at->second].fValue += bar.fValue;
+                continue;
             }
-            isCut = bars.size() == kMostMarks;
-            if (!isCut) bars.push_back(bar);
+            if (bars.size() == kMostMarks) {
+                isCut = true;
+                continue;
+            }
+            if (fIsSum) sums.emplace(key, bars.size());
+            bars.push_back(bar);
         }
         std::stable_sort(bars.begin(), bars.end(), [](const Bar& a, const Bar& b) {
             return std::pair(a.fPlace, a.fSeries) < std::pair(b.fPlace, b.fSeries);

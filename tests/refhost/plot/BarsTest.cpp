@@ -159,7 +159,8 @@ TEST(Bars, AreCutWithANoteWhereTheyAreTooMany)
         SCOPED_TRACE(row.rows);
         std::vector<double> places;
         for (std::size_t at = 0; at < row.rows; ++at) {
-            places.push_back(static_cast<double>(at));
+            // The last rows share a place, also one whose bar is left out.
+            places.push_back(static_cast<double>(std::min<std::size_t>(at, 5298)));
         }
         SampleChart sample(Template("NPARKolmogorovSmirnov"));
         sample.Numbers("MEANS", places).Numbers("COUNTS", places);
