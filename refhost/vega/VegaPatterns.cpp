@@ -125,8 +125,10 @@ MarkLayer PatternMarks(const MarkLayer& rects, const ResolvedPlot& plot)
     for (const ResolvedMark& rect : rects.fMarks) {
         const auto [left, right] = std::minmax({pixelX(rect.fX), pixelX(rect.fX2)});
         const auto [top, bottom] = std::minmax({pixelY(rect.fY), pixelY(rect.fY2)});
-        const PixelRect area{left, top, right, bottom};
-        if (!std::isfinite(left + right + top + bottom)) continue;
+        // Bars may reach far beyond a scale that is given.
+        const PixelRect area{std::max(left, 0.0), std::max(top, 0.0), std::min(right, plot.fWidth),
+                             std::min(bottom, plot.fHeight)};
+        if (!(area.fLeft < area.fRight) || !(area.fTop < area.fBottom)) continue;
         if (pattern.fRising) AddSlanted(lines, area, /*rising=*/true);
         if (pattern.fFalling) AddSlanted(lines, area, /*rising=*/false);
         if (pattern.fLevel) AddParallel(lines, area, /*level=*/true);
