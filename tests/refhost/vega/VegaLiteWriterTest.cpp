@@ -163,6 +163,8 @@ TEST(VegaLiteText, DrawsPatternsAsLinesWithinTheBars)
 {
     ResolvedChart chart = ChartOf("label");
     chart.fPlots[0].fLayers[0].fStyle.fPattern = FillPattern::Crossed;
+    chart.fPlots[0].fLayers[0].fMarks[0].fY2 = 1e20;  // beyond the scale
+    chart.fPlots[0].fY.fMax = 12.0;
     const rapidjson::Document document = Parsed(VegaLiteText(chart));
     std::size_t lines = 0;
     for (const auto& layer : document["layer"].GetArray()) {
