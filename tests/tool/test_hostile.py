@@ -126,6 +126,7 @@ CASES = [
     ("2,000 columns in stacked bars", 0, lambda: wide(2_000, 3)),
     ("100 columns in 100 stacked bars", 0, lambda: wide(100, 100)),
     ("a wide label in all places", 0, lambda: changed("chick-feed", r'displayName="[^"]*"', f'displayName="{"x" * MB}"', 0)),
+    ("a long label of a value", 0, lambda: changed("tooth-growth", 'displayValue="[^"]*"', f'displayValue="{"x" * MB}"', 1)),
     ("markup as a label", 0, lambda: field(EVIL.replace("&", "&amp;").replace("<", "&lt;").replace('"', "&quot;"))),
 ]
 
