@@ -280,7 +280,8 @@ PanelLayout LayOut(const ChartContext& context, const PanelGrid& grid, const Plo
     const double grown = wanted > 0.0 ? columns * (layout.fPlotWidth - wanted) : 0.0;
     layout.fPicture = {0.0, 0.0, width + std::max(0.0, grown), height};
     layout.fArea.fLeft = dataLeft;
-    layout.fArea.fTop = std::max(top, above);
+    const double taller = mirrorsRows ? titleX + layout.fBottomExtent - stripX : 0.0;
+    layout.fArea.fTop = std::max(top, above + taller);
     layout.fArea.fRight =
         dataLeft + columns * layout.fPlotWidth + (columns - 1.0) * layout.fColumnSpacing;
     layout.fArea.fBottom =

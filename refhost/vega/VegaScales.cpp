@@ -89,7 +89,7 @@ void WriteAxis(JsonStream& json, const ResolvedAxis& axis, const ResolvedScale& 
     if (scale.fKind == ScaleKind::Category) json.Member("labelLimit", kLabelLimit);
     if (axis.fSlanted) {
         json.Member("labelAngle", -40);
-        json.Member("labelAlign", "right");
+        json.Member("labelAlign", axis.fSide == AxisSide::Top ? "left" : "right");
     }
     if (axis.fSide == AxisSide::Left) {  // the row header stands at a place that hangs on it
         json.Member("minExtent", axis.fExtent);
