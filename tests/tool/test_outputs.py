@@ -37,6 +37,8 @@ class Records(Case):
                 self.assertGreater(len(list(nodes(output["output"], "table"))), 5)
                 for chart in nodes(output["output"], "chart"):
                     self.assertLessEqual(self.columns_held(chart), self.columns_asked_for(chart))
+                    asked = re.findall(r' (?:variable|target|style)="([^"]+)"', chart["text"])
+                    self.assertLessEqual(set(asked), set(re.findall(r' id="([^"]+)"', chart["text"])))
 
     def columns_held(self, chart):
         return {(source["name"], name) for source in chart["sources"] for name in source["variables"]}

@@ -132,6 +132,34 @@ TEST(Bars, ShowTheStartOfAnExponentialCurve)
     }
 }
 
+TEST(Bars, TellTheirEdgesWhateverTheDecimalsOfTheField)
+{
+    struct Row {
+        const char* fCurve;
+        const char* fFirst;
+        const char* fLast;
+    };
+    const Row rows[] = {
+        {"", "value = 1 \xE2\x80\x93 1.5", "value = 2.5 \xE2\x80\x93 3"},
+        {"<line><distributionStatistic distribution=\"poisson\" parameter=\"2\"/>"
+         "<x variable=\"value\"/><y variable=\"count\"/></line>",
+         "value = 1", "value = 3"},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.fCurve);
+        SampleChart sample(Template("NPARHistogram"));
+        sample.Replace("</graph>", std::string(row.fCurve) + "</graph>");
+        sample.Replace("xAxisLabel", "value");
+        sample.Numbers("value", {1, 2, 3}).Numbers("count", {1, 1, 1});
+        sample.Set("value").fHostFormat = HostFormat{5, 8, 0};
+        const auto chart = sample.Resolve();
+        ASSERT_TRUE(chart);
+        const auto& bars = FindLayer(chart->fPlots[0], MarkKind::Rect)->fMarks;
+        EXPECT_EQ(bars.front().fPopup.substr(0, bars.front().fPopup.find('\n')), row.fFirst);
+        EXPECT_EQ(bars.back().fPopup.substr(0, bars.back().fPopup.find('\n')), row.fLast);
+    }
+}
+
 TEST(Bars, SayWhatIsLeftOutInTheGivenLanguage)
 {
     std::vector<std::string> types;

@@ -88,6 +88,29 @@ TEST(ReadTemplate, LeavesOutWhatItCannotRead)
     EXPECT_EQ(graph.fLineGuides.front().Place(), std::nullopt);
 }
 
+TEST(ReadTemplate, ReadsPlacesAndTargets)
+{
+    const auto tree = Read(
+        "<visualization><graph id=\"graph1\"><axis dimension=\"y\" place=\"far\"/>"
+        "<facetLayout alternating=\"true\" side=\"y\" invert=\"true\"/></graph>"
+        "<labelFrame><location part=\"bottom\" method=\"against\" value=\"35%\" "
+        "target=\"graph1\"/></labelFrame>"
+        "<popup target=\"bars\" part=\"median\"/></visualization>");
+    const auto& graph = tree.fGraphs.front();
+    EXPECT_EQ(graph.fAxes.front().fDimension, Dimension::Y);
+    EXPECT_EQ(graph.fAxes.front().fPlace, AxisPlace::Far);
+    EXPECT_TRUE(graph.fFacetLayout->fAlternating);
+    EXPECT_EQ(graph.fFacetLayout->fSide, Dimension::Y);
+    EXPECT_TRUE(graph.fFacetLayout->fInvert);
+    const auto& location = tree.fLabelFrames.front().fLocations.front();
+    EXPECT_EQ(location.fPart, ENUM_part::Bottom);
+    EXPECT_EQ(location.fMethod, ENUM_method::Against);
+    EXPECT_EQ(location.fValue, "35%");
+    EXPECT_EQ(location.fTarget, "graph1");
+    EXPECT_EQ(tree.fPopups.front().fTarget, "bars");
+    EXPECT_EQ(tree.fPopups.front().fPart, "median");
+}
+
 TEST(ReadTemplate, ReadsVariablesOrdersAndCases)
 {
     const auto tree = Read(
