@@ -132,12 +132,12 @@ MarkStyle StyleOf(const ChartContext& context, const BarReader& reader, const Ba
 
 std::string BaseText(const BarReader& reader, const Bar& bar)
 {
-    if (reader.fStanding.fBins) {
-        const double half = reader.fStanding.fBins->fWidth / 2;
-        return reader.fBase->NumberText(bar.fPlace - half) + " \xE2\x80\x93 " +
-               reader.fBase->NumberText(bar.fPlace + half);
-    }
-    return reader.fStanding.PlaceText(*reader.fBase, bar.fPlace);
+    if (!reader.fStanding.fBins) return reader.fStanding.PlaceText(*reader.fBase, bar.fPlace);
+    const Bins& bins = *reader.fStanding.fBins;
+    const double half = (bins.HoldWhole() ? bins.fWidth - 1 : bins.fWidth) / 2;
+    const std::string first = reader.fBase->DerivedNumberText(bar.fPlace - half);
+    if (half == 0) return first;
+    return first + " \xE2\x80\x93 " + reader.fBase->DerivedNumberText(bar.fPlace + half);
 }
 
 /// What the popups of all bars of a panel share.

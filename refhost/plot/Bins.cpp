@@ -78,6 +78,11 @@ double NiceTimeStep(double step)
     return NiceStep(step / kYear) * kYear;
 }
 
+bool Bins::HoldWhole() const
+{
+    return fWidth == std::trunc(fWidth) && fStart - std::floor(fStart) == 0.5;
+}
+
 std::size_t Bins::Find(double number) const
 {
     if (fCount == 0) return fCount;

@@ -13,6 +13,9 @@ struct Bins {
 
     double Edge(std::size_t bin) const { return fStart + fWidth * static_cast<double>(bin); }
 
+    /// Whether each bin holds some whole numbers and its edges stand between such.
+    bool HoldWhole() const;
+
     /// `fCount` for a number outside.
     std::size_t Find(double number) const;
 };

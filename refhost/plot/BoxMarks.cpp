@@ -108,7 +108,7 @@ std::string BoxPopup(const BoxDrawing& box)
     for (const BoxPart& part : kBoxParts) {
         text += '\n';
         AppendNamedValue(text, box.fContext.fWords.*part.fName,
-                         box.fY.NumberText(box.fBox.*part.fNumber));
+                         box.fY.DerivedNumberText(box.fBox.*part.fNumber));
     }
     return text;
 }
@@ -143,7 +143,7 @@ void AddMedian(BoxDrawing& box)
     const tree::Popup* popup = FindPopup(box.fContext, box.fElement, kMedianPart);
     const std::string text =
         popup ? PopupText(box.fContext, *popup, box.fGroup.fRows.front())
-              : NamedValue(box.fContext.fWords.fMedian, box.fY.NumberText(box.fBox.fMedian));
+              : NamedValue(box.fContext.fWords.fMedian, box.fY.DerivedNumberText(box.fBox.fMedian));
     AddRule(box, style, kHalfBox, box.fBox.fMedian, box.fBox.fMedian, box.fName + "\n" + text);
 }
 
@@ -241,7 +241,7 @@ void SummarizeBoxRow(const BoxDrawing& box, const Panel& panel, const PlotSpace&
 {
     std::vector<std::string> cells = {space.fX.PlaceText(box.fX, box.fPlace)};
     for (const BoxPart& part : kBoxParts) {
-        cells.push_back(box.fY.NumberText(box.fBox.*part.fNumber));
+        cells.push_back(box.fY.DerivedNumberText(box.fBox.*part.fNumber));
     }
     std::string outliers;
     for (const double value : box.fBox.fOutliers) {

@@ -64,6 +64,21 @@ const ChartSource::Column* FindColumn(const ChartSource* source, std::string_vie
 
 std::string ExactText(double number) { return ShortText(number, kExactDigits); }
 
+/// Up to `mostMore` decimals beyond a variable's own, until they tell the number.
+int Decimals(double number, int own, int mostMore)
+{
+    constexpr int kMost = 16;
+    constexpr double kNoise = 1e-9;
+    const int least = std::clamp(own, 0, kMost);
+    const int most = std::min(least + mostMore, kMost);
+    int decimals = least;
+    for (double scaled = number * std::pow(10.0, least); decimals < most; scaled *= 10.0) {
+        if (std::fabs(scaled - std::round(scaled)) <= kNoise * std::fabs(scaled)) break;
+        ++decimals;
+    }
+    return decimals;
+}
+
 std::string ReadableNumber(double number, int decimals)
 {
     if (std::fabs(number) >= kLongNumber) return ShortText(number, kPlainDigits);
@@ -153,21 +168,23 @@ std::string DataVariable::KeyText(const std::string& key) const
     return relabel ? *relabel : key;
 }
 
-std::string DataVariable::FormattedNumber(double raw) const
+/// By the decimals of the variable, and up to `mostMore` others that the number needs.
+std::string DataVariable::FormattedNumber(double raw, int mostMore) const
 {
+    const auto decimals = [raw, mostMore](int own) { return Decimals(raw, own, mostMore); };
     if (fFormatSettings && fFormatSettings->fNumberFormat) {
         const ChartNumberFormat& format = *fFormatSettings->fNumberFormat;
-        const std::string fixed = ReadableNumber(raw, std::clamp(format.fDecimals, 0, 16));
+        const std::string fixed = ReadableNumber(raw, decimals(format.fDecimals));
         return format.fPrefix + (format.fGrouping ? Grouped(fixed) : fixed) + format.fSuffix;
     }
     if (fFormatSettings && fFormatSettings->fHostFormat) {
         const HostFormat& format = *fFormatSettings->fHostFormat;
         if (auto date = DateFormatText(raw, format.fType, 0)) return *std::move(date);
-        return ReadableNumber(raw, std::clamp(format.fDecimals, 0, 16));
+        return ReadableNumber(raw, decimals(format.fDecimals));
     }
     if (fDeclared && fDeclared->fDecimals >= 0) {
-        const int decimals = std::min(fDeclared->fDecimals, 16);
-        return (std::fabs(raw) < 1.0 ? FixedTextOrBound : ReadableNumber)(raw, decimals);
+        const auto text = std::fabs(raw) < 1.0 ? FixedTextOrBound : ReadableNumber;
+        return text(raw, decimals(fDeclared->fDecimals));
     }
     return ShortText(raw, kPlainDigits);
 }
@@ -181,14 +198,20 @@ std::string DataVariable::Text(std::size_t row) const
     if (IsAbsent(row)) return {};
     std::string text = fSettings ? fSettings->fPrefix : std::string();
     if (number && !(fDerived && !fDerived->fCases.empty())) {
-        return text.append(FormattedNumber(HostDate(*number)));
+        return text.append(FormattedNumber(HostDate(*number), 0));
     }
     return text.append(key);
 }
 
 std::string DataVariable::NumberText(double number) const
 {
-    return FormattedNumber(fIsDate ? ToHostSeconds(number) : number);
+    return FormattedNumber(fIsDate ? ToHostSeconds(number) : number, 0);
+}
+
+std::string DataVariable::DerivedNumberText(double number) const
+{
+    constexpr int kMostMore = 2;
+    return FormattedNumber(fIsDate ? ToHostSeconds(number) : number, kMostMore);
 }
 
 std::string DataVariable::Title() const

@@ -43,6 +43,10 @@ public:
     /// The same for a number that no row needs to have, in the unit of `Number`.
     std::string NumberText(double number) const;
 
+    /// The same for a number worked out of several, such as a quartile or the edge of a bin: with
+    /// up to two decimals more where those of the variable would tell another number.
+    std::string DerivedNumberText(double number) const;
+
     /// The relabel of a key, or the key.
     std::string KeyText(const std::string& key) const;
 
@@ -64,7 +68,7 @@ private:
     const ChartValue& Value(std::size_t row) const;
     std::string_view CaseOf(const ChartValue& value) const;
     const std::string* Relabel(std::string_view key) const;
-    std::string FormattedNumber(double raw) const;
+    std::string FormattedNumber(double raw, int mostMore) const;
     double HostDate(double raw) const;
 
     std::string fId;
