@@ -1,11 +1,17 @@
 #include "refhost/plot/Categories.h"
 
 #include <algorithm>
+#include <charconv>
 #include <map>
+#include <optional>
 #include <set>
+#include <string_view>
 #include <utility>
+#include <vector>
 
 #include "refhost/plot/ChartData.h"
+
+#include "refhost/data/Calendar.h"
 
 namespace refhost {
 namespace {
@@ -31,6 +37,47 @@ HeldKeys KeysOf(const DataVariable& variable)
     return keys;
 }
 
+/// Seconds of "[-][days ]hours:minutes:seconds".
+std::optional<double> DurationOf(std::string_view text)
+{
+    const bool isNegative = text.starts_with('-');
+    if (isNegative) text.remove_prefix(1);
+    double seconds = 0.0;
+    for (const auto& [mark, unit] : {std::pair(' ', 24.0), {':', 60.0}, {':', 60.0}, {'\0', 1.0}}) {
+        const std::size_t end = mark == '\0' ? text.size() : text.find(mark);
+        if (mark == ' ' && end == std::string_view::npos) continue;
+        double part = 0.0;
+        const char* const last = text.data() + std::min(end, text.size());
+        const auto read = std::from_chars(text.data(), last, part, std::chars_format::fixed);
+        if (read.ec != std::errc() || read.ptr != last || end == std::string_view::npos) return {};
+        seconds = (seconds + part) * unit;
+        text.remove_prefix(std::min(end + 1, text.size()));
+    }
+    return isNegative ? -seconds : seconds;
+}
+
+/// What a text of a date, with or without a time, or of a duration tells; nothing for any other.
+std::optional<double> SecondsOf(std::string text)
+{
+    constexpr std::size_t kDateLength = 10;
+    if (text.size() > kDateLength && text[kDateLength] == ' ') text[kDateLength] = 'T';
+    const auto date = ParseIsoDate(text);
+    return date ? date : DurationOf(text);
+}
+
+/// Puts keys that are all texts of dates or times into the order of time.
+void SortByTime(std::vector<std::string>& keys)
+{
+    std::vector<std::pair<double, std::string>> times;
+    for (const std::string& key : keys) {
+        const auto seconds = SecondsOf(key);
+        if (!seconds) return;
+        times.emplace_back(*seconds, key);
+    }
+    std::ranges::stable_sort(times, {}, &std::pair<double, std::string>::first);
+    std::ranges::transform(times, keys.begin(), &std::pair<double, std::string>::second);
+}
+
 bool NamesAll(const tree::CategoryOrder& order, const HeldKeys& keys)
 {
     const std::set<std::string, std::less<>> named(order.fValues.begin(), order.fValues.end());
@@ -43,12 +90,13 @@ bool NamesAll(const tree::CategoryOrder& order, const HeldKeys& keys)
 CategoryList::CategoryList(const DataVariable& variable,
                            const std::vector<tree::CategoryOrder>& orders, std::size_t most)
 {
-    const HeldKeys keys = KeysOf(variable);
+    HeldKeys keys = KeysOf(variable);
     const auto order =
         std::find_if(orders.begin(), orders.end(), [&](const tree::CategoryOrder& candidate) {
             return candidate.fVariable == variable.Id() && NamesAll(candidate, keys);
         });
     const bool isOrdered = order != orders.end();
+    if (!isOrdered && !variable.IsSetCategorical()) SortByTime(keys.fInOrder);
     for (const std::string& key : isOrdered ? order->fValues : keys.fInOrder) {
         const auto row = keys.fFirstRows.find(key);
         if (row != keys.fFirstRows.end()) {

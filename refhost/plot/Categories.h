@@ -19,8 +19,9 @@ class CategoryList {
 public:
     CategoryList() = default;
 
-    /// The order of the visualization where it names every value of the data, else the data's own.
-    /// At most `most` categories; the rest have no place.
+    /// The order of the visualization where it names every value of the data, else the data's own,
+    /// or that of time where all are texts of dates or times of a variable that was not declared
+    /// categorical. At most `most` categories; the rest have no place.
     CategoryList(const DataVariable& variable, const std::vector<tree::CategoryOrder>& orders,
                  std::size_t most);
 

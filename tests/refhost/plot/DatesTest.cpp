@@ -68,6 +68,33 @@ TEST(Dates, ShowOnTheAxisOfBoxes)
     EXPECT_GE(chart->fPlots[0].fAxes.front().fExtent, 0);
 }
 
+TEST(Dates, ThatAreTextsStandInTheOrderOfTime)
+{
+    struct Row {
+        std::vector<std::string> fTexts;
+        std::string fOrder;
+    };
+    for (const Row& row : {
+             Row{{"1997-05-19", "1997-06-28", "1997-05-24"}, "1997-05-19;1997-05-24;1997-06-28;"},
+             Row{{"1997-05-19 10:00:00", "1997-05-19 09:59:59.5"},
+                 "1997-05-19 09:59:59.5;1997-05-19 10:00:00;"},
+             Row{{"1 00:00:00", "23:59:59.5", "100:00:00", "-00:00:01"},
+                 "-00:00:01;23:59:59.5;1 00:00:00;100:00:00;"},
+             Row{{"b", "1997-05-19", "a"}, "b;1997-05-19;a;"},
+             Row{{"2:1", "1:2"}, "2:1;1:2;"},
+         }) {
+        SampleChart sample(Template("NPARHistogram"));
+        sample.Texts("value", row.fTexts);
+        sample.Numbers("count", std::vector<double>(row.fTexts.size(), 1.0));
+        const auto chart = sample.Resolve();
+        ASSERT_TRUE(chart);
+        std::string order;
+        for (const auto& category : chart->fPlots[0].fX.fCategories)
+            order += category.fLabel + ";";
+        EXPECT_EQ(order, row.fOrder);
+    }
+}
+
 TEST(Dates, PutGuidesOfTheDocumentAmongBarsOfTheHost)
 {
     SampleChart sample = Dated("NPARHistogram", "value", kDate);
