@@ -97,7 +97,7 @@ const std::vector<MarkupWords>& TemplateWords()
         {"", "dimension", "x y"},
         {"", "direction", "rows columns"},
         {"", "distribution", "normal uniform poisson exponential"},
-        {"", "parameter", "0 1 -1 12.5 date:12219379200 duration:60 1e300"},
+        {"", "parameter", "0 1 -1 12.5 2024-05-01T00:00:00 P2DT03H00M00S 1e300"},
         {"", "secondaryParameter", "0 1 -1 12.5 1e-300 1e300"},
         {"", "value", "0% 50% 100% -5% 1e9%"},
         {"", "palette", "red;blue #112233 ;;;"},
