@@ -147,8 +147,8 @@ class Ends(Case):
                 self.assertTrue(0 < done < MANY)
                 written = (self.folder / f"out.{output_format}").read_text()
                 self.assertTrue(written.rstrip().endswith(last))
-                self.run_tool("run", self.write("one.json", job([{"document": "0.xml"}])), "-o", f"one.{output_format}")
-                each = (self.folder / f"one.{output_format}").read_text().count("Summary")
+                self.run_tool("run", self.write("one.json", job([{"document": "0.xml"}])), "-o", f"alone.{output_format}")
+                each = (self.folder / f"alone.{output_format}").read_text().count("Summary")
                 self.assertEqual(written.count("Summary"), done * each)
                 self.assert_nothing_is_left(workers)
 
