@@ -73,23 +73,6 @@ TEST(HtmlWriter, CountsIdsInEachSplitSoThatTheyDoNotHangOnOthers)
                 testing::ElementsAre("t1", "t2", "p2-t1", "p2-t2", "p12-t1", "p12-t2"));
 }
 
-TEST(HtmlWriter, WritesEachNodeAsItComes)
-{
-    std::string text;
-    const auto writer = MakeHtmlWriter(std::make_unique<ByteOutput>(text));
-    writer->Begin({});
-    EXPECT_THAT(text, HasSubstr("<main"));
-    writer->BeginSplit(0);
-    writer->Node(NodeOf(PlainTable("First", {"a"})));
-    writer->EndSplit();
-    EXPECT_THAT(text, HasSubstr("First</a></caption>"));
-    EXPECT_THAT(text, Not(HasSubstr("</main>")));
-    writer->Node(NodeOf(PlainTable("Second", {"b"})));
-    writer->End({.fResult = true, .fFailure = {}, .fNotice = {}});
-    EXPECT_THAT(text, HasSubstr("Second</a></caption>"));
-    EXPECT_TRUE(text.ends_with("</html>"));
-}
-
 TEST(HtmlWriter, NestsHeadingsNoDeeperThanPagesHaveThem)
 {
     OutputTreeNode innermost = Heading("deep");
@@ -183,25 +166,6 @@ TEST(HtmlTable, JoinsHeadersAndNamesTheirScope)
           R"(<th scope="col" class="last number">left</th>)", R"(<td class="number">1.0</td>)"})
         EXPECT_THAT(markup, HasSubstr(expected));
     EXPECT_EQ(Matches(markup, "(<tbody>)").size(), 2U) << "one for each outermost part";
-}
-
-TEST(HtmlTable, LettersNotesAndLinksThemBothWays)
-{
-    const TextRef first = Words("Exact <value>.");
-    const TextRef second = Words("Corrected.");
-    TableNode table = PlainTable("Notes", {"a", "b"});
-    table.fCells[0].fNotes = {second, first, second};
-    table.fCells[1].fNotes = {Words("Corrected.")};
-    table.fDimensions[1].fItems[0].fNotes = {first};
-    const std::string report = ReportOf(std::move(table));
-    for (
-        const char* expected :
-        {R"(Value<sup><a id="t1-a-1" href="#t1-a">a</a></sup></th>)",
-         R"(0.5<sup><a id="t1-a-2" href="#t1-a">a</a>,<a id="t1-b-1" href="#t1-b">b</a></sup></td>)",
-         R"(1.5<sup><a id="t1-b-2" href="#t1-b">b</a></sup></td>)",
-         R"(<li id="t1-a"><a href="#t1-a-1">a.</a><span>Exact &lt;value&gt;.</span></li>)",
-         R"(<li id="t1-b"><a href="#t1-b-1">b.</a>)"})
-        EXPECT_THAT(report, HasSubstr(expected));
 }
 
 TEST(HtmlTable, ShowsAnEmptyTableWithTitleAndCaption)

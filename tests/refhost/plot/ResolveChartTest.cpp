@@ -28,18 +28,6 @@ TEST(ResolveChart, DrawsNothingWithoutAVisualizationOrData)
     EXPECT_EQ(empty.Source("boxplotSource").Numbers("Value", {}).Resolve(), nullptr);
 }
 
-TEST(ResolveChart, BinsCountsWithoutLosingAny)
-{
-    const auto chart = Histogram().Resolve();
-    ASSERT_TRUE(chart);
-    double sum = 0;
-    for (const ResolvedMark& bar : FindLayer(chart->fPlots[0], MarkKind::Rect)->fMarks) {
-        EXPECT_EQ(bar.fY, 0);
-        sum += bar.fY2;
-    }
-    EXPECT_EQ(sum, 20);
-}
-
 TEST(ResolveChart, DrawsACurveOfTheAreaOfItsBars)
 {
     SampleChart sample = Histogram();

@@ -57,21 +57,6 @@ public:
     /// Settings on a variable.
     VariableSettings& Set(const std::string& variable) { return fDrawing.fVariables[variable]; }
 
-    SampleChart& Size(double width, double height)
-    {
-        fDrawing.fWidth = width;
-        fDrawing.fHeight = height;
-        return *this;
-    }
-
-    SampleChart& Titles(std::string title, std::string subtitle = {}, std::string footnote = {})
-    {
-        fNode.fTitle = std::move(title);
-        fNode.fSubtitle = std::move(subtitle);
-        fNode.fFootnote = std::move(footnote);
-        return *this;
-    }
-
     /// The tree, read on the first call; a test may work on it as the object model does.
     tree::Visualization& Tree()
     {

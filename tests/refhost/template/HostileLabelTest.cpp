@@ -149,25 +149,6 @@ TEST(HostileLabel, ComesThroughAsItIsAtEveryTokenOfEveryTemplate)
     }
 }
 
-TEST(HostileLabel, ThatIsTheNextTokenDoesNotTakeItsPlace)
-{
-    for (std::size_t i = 0; i + 1 < std::size(kTokens); ++i) {
-        const Token& token = kTokens[i];
-        const Token& next = kTokens[i + 1];
-        const bool same = std::string_view(token.fTemplate) == next.fTemplate;
-        // The word before "subTitle" is the dictionary's, and the frame has to follow the graph.
-        if (std::string_view(token.fToken) == "xTitle") continue;
-        if (!same || next.fToken[0] == '<' || next.fToken[0] == '$') continue;
-        SCOPED_TRACE(std::string(token.fTemplate) + ": " + next.fToken);
-        auto text = Replaced(TemplateText(token.fTemplate), token.fToken,
-                             Replaced(token.fReplacement, "@", next.fToken));
-        text = Replaced(text, next.fToken, Replaced(next.fReplacement, "@", "next"));
-        const auto tree = ReadTemplate(text);
-        ASSERT_TRUE(tree);
-        EXPECT_EQ(next.fFind(*tree), "next");
-    }
-}
-
 TEST(HostileLabel, ATokenThatNobodyReplacedShowsAsNothing)
 {
     for (const Token& token : kTokens) {

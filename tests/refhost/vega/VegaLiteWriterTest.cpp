@@ -292,17 +292,6 @@ TEST(VegaLiteText, GivesAllLayersOfAPlotOneScale)
     }
 }
 
-TEST(VegaThemeText, NamesTheSameColoursOnBothGrounds)
-{
-    const rapidjson::Document light = Parsed(std::string(VegaThemeText(VegaTheme::Light)));
-    const rapidjson::Document dark = Parsed(std::string(VegaThemeText(VegaTheme::Dark)));
-    ASSERT_EQ(light["params"].Size(), dark["params"].Size());
-    for (rapidjson::SizeType at = 0; at < light["params"].Size(); ++at) {
-        EXPECT_EQ(light["params"][at]["name"], dark["params"][at]["name"]);
-    }
-    EXPECT_NE(light["background"], dark["background"]);
-}
-
 TEST(ScriptNumber, IsWrittenAsAScriptWouldTurnItIntoText)
 {
     struct Row {

@@ -5,23 +5,10 @@
 #include <fstream>
 #include <sstream>
 
-#include "refhost/document/WriteFailure.h"
 #include "refhost/writers/WellFormed.h"
 
 namespace refhost {
 namespace {
-
-/// The text of the failure; empty where none came.
-template <class Work>
-std::string FailureOf(Work work)
-{
-    try {
-        work();
-    } catch (const WriteFailure& failure) {
-        return failure.what();
-    }
-    return "";
-}
 
 TEST(ByteOutput, WritesEverythingOnce)
 {
@@ -60,18 +47,6 @@ TEST(ByteOutput, KeepsWhatIsTakenLater)
         output.Write(expected);
         EXPECT_TRUE(output.Take() == expected + expected) << size;
     }
-}
-
-TEST(ByteOutput, TellsWhyItCannotWrite)
-{
-    EXPECT_EQ(FailureOf([] {
-                  ByteOutput output("/dev/full", "a disk");
-                  output.Write("text");
-                  output.Close();
-              }),
-              "can't write a disk: No space left on device");
-    EXPECT_EQ(FailureOf([] { const ByteOutput output("/nowhere/at/all", "/nowhere/at/all"); }),
-              "can't write /nowhere/at/all: No such file or directory");
 }
 
 TEST(WellFormed, ReplacesWhatIsNoCharacter)

@@ -151,23 +151,5 @@ TEST(TerminalTable, ShowsTitleAndCaptionOfATableWithoutRows)
     EXPECT_EQ(Drawn(table, 40), "Empty ␛[31m\n");
 }
 
-TEST(TerminalTable, DrawsAHundredThousandCells)
-{
-    PivotRun run;
-    {
-        BpPivotTable table = run.Procedure().PivotTable(Literal("Large"), Literal("l"), false);
-        BpDimension rows = table.Dimension(Literal("Rows"), Sort::AsCreated);
-        BpDimension columns = table.Dimension(Literal("Columns"), Sort::AsCreated);
-        columns.Position(Place::Columns, 1, true, false);
-        for (int row = 0; row < 20'000; ++row) {
-            rows.Category(BpNumber(row, BpProcedure::Count()));
-            for (const char* column : {"a", "b", "c", "d", "e"})
-                columns.Category(Literal(column)).Cell(BpNumber(row, BpProcedure::Coefficient()));
-        }
-    }
-    const std::string text = Drawn(run.Table(), 100);
-    EXPECT_EQ(std::ranges::count(text, '\n'), 20'000 + 5);
-}
-
 }  // namespace
 }  // namespace refhost
