@@ -135,7 +135,7 @@ std::string BaseText(const BarReader& reader, const Bar& bar)
     if (!reader.fStanding.fBins) return reader.fStanding.PlaceText(*reader.fBase, bar.fPlace);
     const Bins& bins = *reader.fStanding.fBins;
     const double half = (bins.HoldWhole() ? bins.fWidth - 1 : bins.fWidth) / 2;
-    const std::string first = reader.fBase->DerivedNumberText(bar.fPlace - half);
+    std::string first = reader.fBase->DerivedNumberText(bar.fPlace - half);
     if (half == 0) return first;
     return first + " \xE2\x80\x93 " + reader.fBase->DerivedNumberText(bar.fPlace + half);
 }
