@@ -104,10 +104,14 @@ std::string FindOverlookedBytes(std::string_view document)
     return {};
 }
 
+bool IsToBeUtf8(std::string_view document)
+{
+    return LayoutOf(document).fStart.empty() && !NamesOtherEncoding(document);
+}
+
 std::optional<std::size_t> FindIllFormedUtf8(std::string_view document)
 {
-    const ByteLayout& layout = LayoutOf(document);
-    if (!layout.fStart.empty() || NamesOtherEncoding(document)) return {};
+    if (!IsToBeUtf8(document)) return {};
     for (std::size_t place = 0; place < document.size();) {
         if (IsAsciiBlock(document, place)) {
             place += kBlockBytes;

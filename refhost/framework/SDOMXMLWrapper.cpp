@@ -132,7 +132,8 @@ DOMDocument* SDOMXMLWrapper::LoadFromString(const std::string& text)
     fOwnsDocument = false;
 
     refhost::ReadFailure failure;
-    std::optional<XmlTree> tree = refhost::ParseXml(text, failure);
+    std::optional<XmlTree> tree =
+        refhost::ParseXml(text, refhost::UsualParseThreads(text.size()), failure);
     if (!tree) {
         refhost::gLastReadFailure = std::move(failure);
         return nullptr;

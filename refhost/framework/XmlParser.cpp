@@ -1,181 +1,89 @@
 #include "refhost/framework/XmlParser.h"
 
 #include <algorithm>
-#include <cstddef>
+#include <cstdint>
+#include <future>
 #include <limits>
 #include <memory>
 #include <new>
 #include <string_view>
-
-#include <xercesc/framework/MemBufInputSource.hpp>
-#include <xercesc/framework/XMLAttr.hpp>
-#include <xercesc/framework/XMLElementDecl.hpp>
-#include <xercesc/parsers/SAX2XMLReaderImpl.hpp>
-#include <xercesc/sax/SAXParseException.hpp>
-#include <xercesc/sax2/DefaultHandler.hpp>
-#include <xercesc/util/OutOfMemoryException.hpp>
-#include <xercesc/util/PlatformUtils.hpp>
-#include <xercesc/util/XMLException.hpp>
-#include <xercesc/util/XMLString.hpp>
-#include <xercesc/util/XMLUni.hpp>
+#include <system_error>
+#include <thread>
+#include <utility>
+#include <vector>
 
 #include "refhost/framework/DocumentBytes.h"
-#include "refhost/framework/Utf8FromUtf16.h"
+#include "refhost/framework/DocumentPieces.h"
+#include "refhost/framework/XmlScanner.h"
 #include "refhost/framework/XmlTreeBuilder.h"
 
 namespace refhost {
 
 namespace {
 
-using namespace xercesc;
-
-constexpr const char* kDocumentTypeRefused = "DOCTYPE is not allowed";
-
 // Numbers of elements and attributes have 32 bits, and each takes four bytes of a document or more.
 constexpr std::size_t kMostBytes = std::size_t{4} * std::numeric_limits<XmlTree::Element>::max();
 
-/// Ends a parse from within one of its events.
-struct ParseRefused {
-    ReadFailure fFailure;
-};
+constexpr std::size_t kFewestBytesOfThread = std::size_t{1} << 19U;
+constexpr std::size_t kMostThreads = 4;  // the rest of the reading is done by one
 
-std::string Utf8Text(const XMLCh* text)
+/// The one that is kept: making one takes longer than parsing a small document. The library's own
+/// state, which its first scanner sets up, has to outlive it, so it begins with one.
+std::unique_ptr<XmlScanner>& KeptScanner()
 {
-    std::string result;
-    if (text) Utf8FromUtf16().Append(text, result);
-    return result;
+    static auto scanner = std::make_unique<XmlScanner>();
+    return scanner;
 }
 
-/// Turns what a parse is broken off by into a failure with its place.
-class FailureHandler : public DefaultHandler {
-public:
-    void setDocumentLocator(const Locator* const locator) override { fLocator = locator; }
-
-    void error(const SAXParseException& exception) override { fatalError(exception); }
-
-    void fatalError(const SAXParseException& exception) override
-    {
-        throw ParseRefused{{Utf8Text(exception.getMessage()), exception.getLineNumber(),
-                            exception.getColumnNumber()}};
-    }
-
-    [[noreturn]] void Refuse(const char* reason) const
-    {
-        throw ParseRefused{{reason, fLocator ? fLocator->getLineNumber() : 0,
-                            fLocator ? fLocator->getColumnNumber() : 0}};
-    }
-
-private:
-    const Locator* fLocator = nullptr;
-};
-
-/// The parser of the library, with all doors closed. The scanner's own events go to the tree
-/// builder, without the detour over names and attributes made for other readers.
-class Parser : public SAX2XMLReaderImpl {
-public:
-    Parser()
-    {
-        setFeature(XMLUni::fgSAX2CoreValidation, false);
-        setFeature(XMLUni::fgSAX2CoreNameSpaces, false);
-        setFeature(XMLUni::fgXercesSchema, false);
-        setFeature(XMLUni::fgXercesLoadExternalDTD, false);
-        setFeature(XMLUni::fgXercesLoadSchema, false);
-        setFeature(XMLUni::fgXercesDisableDefaultEntityResolution, true);
-    }
-
-    XmlTree Read(const std::string& document)
-    {
-        XmlTreeBuilder builder(document);
-        FailureHandler handler;
-        fHandler = &handler;
-        fBuilder = &builder;
-        setContentHandler(&handler);
-        setErrorHandler(&handler);
-        setLexicalHandler(&handler);  // without one, document types raise no event
-        MemBufInputSource source(reinterpret_cast<const XMLByte*>(document.data()), document.size(),
-                                 XMLUni::fgZeroLenString);
-        source.setCopyBufToStream(false);
-        parse(source);
-        return builder.Take();
-    }
-
-    /// After a document of another version of XML the scanner would read the next that declares
-    /// none by the rules of that version.
-    bool IsFitForNext() const { return fIsUsualVersion; }
-
-    void XMLDecl(const XMLCh* const version, const XMLCh* const, const XMLCh* const,
-                 const XMLCh* const) override
-    {
-        fIsUsualVersion = XMLString::equals(version, XMLUni::fgVersion1_0);
-    }
-
-    /// The first event of a document type, before any declaration in it is read.
-    void resetDocType() override { fHandler->Refuse(kDocumentTypeRefused); }
-
-    void startElement(const XMLElementDecl& element, const unsigned, const XMLCh* const,
-                      const RefVectorOf<XMLAttr>& attributes, const XMLSize_t count,
-                      const bool isEmpty, const bool) override
-    {
-        Check(fBuilder->StartElement(element.getFullName()));
-        for (XMLSize_t place = 0; place < count; ++place) {
-            const XMLAttr& attribute = *attributes.elementAt(place);
-            Check(fBuilder->AddAttribute(attribute.getQName(), attribute.getValue()));
-        }
-        if (isEmpty) Check(fBuilder->EndElement());
-    }
-
-    void endElement(const XMLElementDecl&, const unsigned, const bool, const XMLCh* const) override
-    {
-        Check(fBuilder->EndElement());
-    }
-
-    void docCharacters(const XMLCh* const text, const XMLSize_t length, const bool) override
-    {
-        Check(fBuilder->AddText({text, length}));
-    }
-
-    void ignorableWhitespace(const XMLCh* const text, const XMLSize_t length,
-                             const bool isCData) override
-    {
-        docCharacters(text, length, isCData);
-    }
-
-private:
-    void Check(bool done) const
-    {
-        if (!done) fHandler->Refuse(fBuilder->GetRefusal());
-    }
-
-    // Valid while a document is read.
-    const FailureHandler* fHandler = nullptr;
-    XmlTreeBuilder* fBuilder = nullptr;
-    bool fIsUsualVersion = true;
-};
-
-/// The library's own ends the program where it can't be set up, which takes nothing but memory.
-class ThrowingPanic : public PanicHandler {
-public:
-    void panic(const PanicReasons) override { throw std::bad_alloc(); }
-};
-
-/// The library's own state, for as long as the program runs.
-class Platform {
-public:
-    Platform() { XMLPlatformUtils::Initialize(XMLUni::fgXercescDefaultLocale, nullptr, &fPanic); }
-    ~Platform() { XMLPlatformUtils::Terminate(); }
-    Platform(const Platform&) = delete;
-    Platform& operator=(const Platform&) = delete;
-
-private:
-    ThrowingPanic fPanic;
-};
-
-/// The parser that is kept: making one takes longer than parsing a small document.
-std::unique_ptr<Parser>& KeptParser()
+std::optional<XmlTree> ParseWhole(const std::string& document, ReadFailure& failure)
 {
-    static const Platform platform;
-    static std::unique_ptr<Parser> parser;
-    return parser;
+    std::unique_ptr<XmlScanner>& kept = KeptScanner();
+    if (!kept) kept = std::make_unique<XmlScanner>();
+    // Taken, so that none whose work was broken off is used again.
+    std::unique_ptr<XmlScanner> scanner = std::move(kept);
+    XmlTreeBuilder builder(document);
+    const bool isRead = scanner->Read(WholeDocument(document), builder, failure);
+    if (scanner->IsFitForNext()) kept = std::move(scanner);
+    if (!isRead) return {};
+    return builder.Take();
+}
+
+/// Nothing: it can't be cut, or one of its pieces can't be read; why is for the whole to tell.
+std::optional<XmlTree> ParseSideBySide(const std::string& document, std::size_t threads)
+try {
+    const std::vector<DocumentPiece> pieces = CutDocument(document, threads);
+    if (pieces.size() == 1) return {};
+
+    // All room is made by this thread, which is going to use it again. That of the first is enough
+    // for all.
+    std::vector<XmlTreeBuilder> builders;
+    builders.reserve(pieces.size());
+    builders.emplace_back(document);
+    for (std::size_t place = 1; place < pieces.size(); ++place)
+        builders.emplace_back(pieces[place].fBody);
+
+    const auto read = [&](std::size_t place) {
+        ReadFailure failure;
+        return XmlScanner().Read(pieces[place], builders[place], failure);
+    };
+    std::vector<std::future<bool>> others;
+    others.reserve(pieces.size());
+    for (std::size_t place = 1; place < pieces.size(); ++place)
+        others.push_back(std::async(std::launch::async, read, place));
+    bool areRead = read(0);
+    for (std::future<bool>& other : others)
+        areRead = other.get() && areRead;
+    if (!areRead) return {};
+
+    XmlTree tree = builders.front().Take();
+    for (std::size_t place = 1; place < pieces.size(); ++place) {
+        if (!tree.Join(builders[place].Take(), pieces[place].fOpened)) return {};
+    }
+    return tree;
+} catch (const std::system_error&) {  // no thread to be had
+    return {};
+} catch (const std::bad_alloc&) {
+    return {};
 }
 
 /// The parser passes over some of such bytes, and tells others where it begins to decode and not
@@ -196,34 +104,27 @@ bool HasIllFormedUtf8(std::string_view document, ReadFailure& failure)
 
 }  // namespace
 
-std::optional<XmlTree> ParseXml(const std::string& document, ReadFailure& failure)
+std::size_t UsualParseThreads(std::size_t bytes)
+{
+    const std::size_t processors = std::max(std::thread::hardware_concurrency(), 1U);
+    return std::clamp(bytes / kFewestBytesOfThread, std::size_t{1},
+                      std::min(processors, kMostThreads));
+}
+
+std::optional<XmlTree> ParseXml(const std::string& document, std::size_t threads,
+                                ReadFailure& failure)
 try {
     if (document.size() > kMostBytes) {
         failure = {kTooLarge};
         return {};
     }
-    std::unique_ptr<Parser>& kept = KeptParser();
-    // Taken, so that a parser whose work was broken off is not used again.
-    std::unique_ptr<Parser> parser = kept ? std::move(kept) : std::make_unique<Parser>();
     std::optional<XmlTree> tree;
-    try {
-        tree = parser->Read(document);
-    } catch (const ParseRefused& refused) {
-        failure = refused.fFailure;
-        HasIllFormedUtf8(document, failure);
-        return {};
-    } catch (const XMLException& exception) {
-        failure = {Utf8Text(exception.getMessage())};
-        return {};
-    }
-    if (parser->IsFitForNext()) kept = std::move(parser);
-    if (HasIllFormedUtf8(document, failure)) return {};
+    if (threads > 1) tree = ParseSideBySide(document, threads);
+    if (!tree) tree = ParseWhole(document, failure);
+    if (HasIllFormedUtf8(document, failure) || !tree) return {};
     std::string overlooked = FindOverlookedBytes(document);
     if (overlooked.empty()) return tree;
     failure = {std::move(overlooked)};
-    return {};
-} catch (const OutOfMemoryException&) {
-    failure = {kTooLarge};
     return {};
 } catch (const std::bad_alloc&) {
     failure = {kTooLarge};

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <deque>
+#include <limits>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -20,6 +21,9 @@ public:
     using Element = std::uint32_t;
     using Name = std::uint32_t;
 
+    /// Bytes of all texts together.
+    static constexpr std::size_t kMostText = std::numeric_limits<std::uint32_t>::max();
+
     std::size_t ElementCount() const { return fElements.size(); }
 
     /// The name's number; nothing where nothing in the document bears it.
@@ -36,6 +40,11 @@ public:
     std::string_view TextOf(Element element) const;
 
     std::optional<std::string_view> AttributeOf(Element element, Name name) const;
+
+    /// Takes in the elements of a piece of the same document that was parsed for itself: the piece
+    /// behind what is here, whose first `opened` elements stand for those that are still open here.
+    /// False: it doesn't continue this tree, or their texts are too long; both are then of no use.
+    bool Join(const XmlTree& next, std::size_t opened);
 
 private:
     friend class XmlTreeBuilder;
@@ -59,6 +68,15 @@ private:
     {
         return std::string_view(fArena).substr(span.fPlace, span.fSize);
     }
+
+    /// The last elements of the outermost levels, fewer where there are not so many.
+    std::vector<Element> LastElements(std::size_t levels) const;
+
+    /// The number of a name, a new one where it has none yet.
+    Name NumberFor(const std::string& name);
+
+    /// Joins two texts of the arena.
+    Span Joined(const Span& first, const Span& second);
 
     std::string fArena;
     std::deque<std::string> fNames;  // a deque: the views below stay valid while it grows

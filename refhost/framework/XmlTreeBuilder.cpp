@@ -121,7 +121,10 @@ bool XmlTreeBuilder::AppendWhole(std::u16string_view text, std::string& out)
     return (conversion.Append(text, out) && conversion.IsWhole()) || Refuse(kLoneSurrogate);
 }
 
-bool XmlTreeBuilder::FitsText() { return fTree.fArena.size() <= kMostText || Refuse(kTooLong); }
+bool XmlTreeBuilder::FitsText()
+{
+    return fTree.fArena.size() <= XmlTree::kMostText || Refuse(kTooLong);
+}
 
 XmlTree::Span XmlTreeBuilder::SpanFrom(std::size_t place) const
 {

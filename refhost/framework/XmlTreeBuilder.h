@@ -2,7 +2,6 @@
 
 #include <array>
 #include <cstdint>
-#include <limits>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -19,9 +18,6 @@ class XmlTreeBuilder {
 public:
     /// The root is level 1.
     static constexpr std::size_t kDeepestLevel = 1000;
-
-    /// Bytes of all texts together.
-    static constexpr std::size_t kMostText = std::numeric_limits<std::uint32_t>::max();
 
     /// Makes the room that the whole document is going to need, so that no copy of what is there
     /// has to be held while it grows.
