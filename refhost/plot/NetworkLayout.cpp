@@ -69,7 +69,7 @@ void SumWantedPlaces(const std::vector<Point>& points, const std::vector<Pair>& 
         const Point& first = points[pair.fFirst];
         const Point& second = points[pair.fSecond];
         const double dx = first.fX - second.fX, dy = first.fY - second.fY;
-        const double apart = std::max(std::hypot(dx, dy), 1e-9);
+        const double apart = std::max(std::sqrt(dx * dx + dy * dy), 1e-9);
         const double wantedX = pair.fWanted * dx / apart, wantedY = pair.fWanted * dy / apart;
         sums[pair.fFirst].fX += pair.fWeight * (second.fX + wantedX);
         sums[pair.fFirst].fY += pair.fWeight * (second.fY + wantedY);

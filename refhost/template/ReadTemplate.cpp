@@ -62,8 +62,9 @@ private:
             {"extension",       &Reader::ReadExtension},
         };
         // clang-format on
+        const std::string_view name = node.name();
         for (const Row& row : kReaders) {
-            if (row.fName == node.name()) (this->*row.fRead)(node);
+            if (row.fName == name) return (this->*row.fRead)(node);
         }
     }
 

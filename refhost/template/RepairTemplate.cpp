@@ -1,6 +1,7 @@
 #include "refhost/template/RepairTemplate.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cstdint>
 #include <vector>
@@ -17,10 +18,27 @@ constexpr std::size_t kLongestEntity = 10;  // "&#1114111;"
 
 bool IsSpace(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; }
 
-bool IsNameCharacter(char c)
-{
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_';
-}
+/// A set of characters, asked by one look.
+class CharacterSet {
+public:
+    constexpr explicit CharacterSet(std::string_view characters)
+    {
+        for (const char character : characters)
+            fHolds[static_cast<unsigned char>(character)] = true;
+    }
+
+    constexpr bool Has(char character) const
+    {
+        return fHolds[static_cast<unsigned char>(character)];
+    }
+
+private:
+    std::array<bool, 256> fHolds{};
+};
+
+constexpr CharacterSet kNameCharacters(
+    "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789_");
+constexpr CharacterSet kEscaped(std::string_view("<>\"\n\r\t\0&", 8));
 
 bool IsXmlCharacter(std::uint32_t code)
 {
@@ -82,10 +100,9 @@ void AppendEscaped(std::string& out, std::string_view label)
 {
     std::size_t plain = 0;  // from here on nothing is written yet
     for (std::size_t at = 0; at < label.size(); ++at) {
-        const std::string_view escape = EscapeOf(label[at]);
-        if (escape.empty()) continue;
+        if (!kEscaped.Has(label[at])) continue;
         if (label[at] == '&' && EntityLength(label.substr(at)) > 0) continue;
-        out.append(label.substr(plain, at - plain)).append(escape);
+        out.append(label.substr(plain, at - plain)).append(EscapeOf(label[at]));
         plain = at + 1;
     }
     out.append(label.substr(plain));
@@ -130,13 +147,23 @@ private:
 
     std::size_t NameEnd(std::size_t at) const
     {
-        while (at < fText.size() && IsNameCharacter(fText[at]))
+        while (at < fText.size() && kNameCharacters.Has(fText[at]))
             ++at;
         return at;
     }
 
-    /// The start of a tag of the language, if there is one at this place.
-    Tag TagAt(std::size_t at) const
+    /// The start of a tag of the language, if there is one at this place. A tag's end is told by
+    /// the tag behind it, which is then asked for again.
+    const Tag& TagAt(std::size_t at)
+    {
+        if (at != fTagPlace) {
+            fTag = FindTag(at);
+            fTagPlace = at;
+        }
+        return fTag;
+    }
+
+    Tag FindTag(std::size_t at) const
     {
         if (!Has(at, "<")) return {};
         const bool closes = Has(at, "</");
@@ -205,7 +232,7 @@ private:
         return true;
     }
 
-    std::size_t AttributeEnd(std::size_t begin, const GrammarRow& element) const
+    std::size_t AttributeEnd(std::size_t begin, const GrammarRow& element)
     {
         auto quote = fText.find('"', begin);
         while (quote != std::string_view::npos && !ClosesAttribute(quote + 1, element)) {
@@ -214,7 +241,7 @@ private:
         return quote;
     }
 
-    bool ClosesAttribute(std::size_t behind, const GrammarRow& element) const
+    bool ClosesAttribute(std::size_t behind, const GrammarRow& element)
     {
         const std::size_t next = BehindSpace(behind);
         if (Has(next, "/>")) return IsBetweenTags(next + 2);
@@ -227,7 +254,7 @@ private:
     }
 
     /// Whether nothing but space stands before the next tag.
-    bool IsBetweenTags(std::size_t at) const
+    bool IsBetweenTags(std::size_t at)
     {
         at = BehindSpace(at);
         return at == fText.size() || TagAt(at).fElement || Has(at, "<!--");
@@ -260,6 +287,8 @@ private:
 
     std::string_view fText;
     std::size_t fAt = 0;
+    std::size_t fTagPlace = std::string_view::npos;  // that was looked at last
+    Tag fTag;
     std::string fOut;
     std::vector<std::string_view> fGiven;  // attributes of the tag, up to here
     bool fNoMoreProperEnds = false;
