@@ -160,25 +160,25 @@ std::string LineText(std::string_view text, std::size_t offset)
     return fmt::format("line {}, column {}", line, before.size() - (before.rfind('\n') + 1) + 1);
 }
 
-/// The place of the first key that stands twice in one object; empty where none does.
-std::string FindRepeatedKey(const json::Value& value, const std::string& place)
+/// The place, from the value on, of the first key that stands twice in one object; empty where none
+/// does.
+std::string FindRepeatedKey(const json::Value& value)
 {
-    std::string found;
     if (value.IsArray()) {
-        for (rapidjson::SizeType item = 0; item < value.Size() && found.empty(); ++item)
-            found = FindRepeatedKey(value[item], fmt::format("{}/{}", place, item));
-        return found;
+        for (rapidjson::SizeType item = 0; item < value.Size(); ++item) {
+            const std::string found = FindRepeatedKey(value[item]);
+            if (!found.empty()) return fmt::format("/{}{}", item, found);
+        }
+    } else if (value.IsObject()) {
+        std::unordered_set<std::string_view> keys;
+        for (const auto& [name, member] : value.GetObject()) {
+            const std::string_view key(name.GetString(), name.GetStringLength());
+            if (!keys.insert(key).second) return fmt::format("/{}", key);
+            const std::string found = FindRepeatedKey(member);
+            if (!found.empty()) return fmt::format("/{}{}", key, found);
+        }
     }
-    if (!value.IsObject()) return found;
-    std::unordered_set<std::string_view> keys;
-    for (const auto& [name, member] : value.GetObject()) {
-        const std::string_view key(name.GetString(), name.GetStringLength());
-        found = fmt::format("{}/{}", place, key);
-        if (!keys.insert(key).second) return found;
-        found = FindRepeatedKey(member, found);
-        if (!found.empty()) return found;
-    }
-    return found;
+    return {};
 }
 
 std::string PlaceText(const json::Pointer& place)
@@ -214,7 +214,7 @@ json::Document ParseJob(const std::string& text, const std::string& name)
     document.Populate(reader);
     const rapidjson::ParseResult& result = reader.fResult;
     if (!result.IsError()) {
-        const std::string repeated = FindRepeatedKey(document, {});
+        const std::string repeated = FindRepeatedKey(document);
         if (repeated.empty()) return document;
         throw JobError(fmt::format("{}: {}: the key stands twice", name, repeated));
     }
