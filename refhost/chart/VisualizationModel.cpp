@@ -119,11 +119,7 @@ public:
         fRecord.fTarget = IdOf(target);
     }
 
-    void setSpecifiedByUser(bool specified) override
-    {
-        Call("setSpecifiedByUser", specified);
-        fRecord.fSpecifiedByUser = specified;
-    }
+    void setSpecifiedByUser(bool specified) override { Call("setSpecifiedByUser", specified); }
 };
 
 class TextFace final : public Face<ViZText, tree::Text> {

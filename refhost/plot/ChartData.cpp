@@ -93,7 +93,7 @@ const ChartValue& DataVariable::Value(std::size_t row) const
 bool DataVariable::IsAbsent(std::size_t row) const
 {
     const ChartValue& value = Value(row);
-    if (fDerived && !fDerived->fCases.empty()) return CaseOf(value).empty();
+    if (HasCases()) return CaseOf(value).empty();
     if (const auto* number = std::get_if<double>(&value)) return IsUntold(*number);
     return std::holds_alternative<std::monostate>(value);
 }
@@ -134,7 +134,7 @@ std::string_view DataVariable::CaseOf(const ChartValue& value) const
 std::string_view DataVariable::Key(std::size_t row, std::string& room) const
 {
     const ChartValue& value = Value(row);
-    if (fDerived && !fDerived->fCases.empty()) return CaseOf(value);
+    if (HasCases()) return CaseOf(value);
     if (const auto* text = std::get_if<std::string>(&value)) return *text;
     const auto* number = std::get_if<double>(&value);
     if (!number || IsUntold(*number)) return {};
@@ -197,7 +197,7 @@ std::string DataVariable::Text(std::size_t row) const
     const auto* number = std::get_if<double>(&Value(row));
     if (IsAbsent(row)) return {};
     std::string text = fSettings ? fSettings->fPrefix : std::string();
-    if (number && !(fDerived && !fDerived->fCases.empty())) {
+    if (number && !HasCases()) {
         return text.append(FormattedNumber(HostDate(*number), 0));
     }
     return text.append(key);
@@ -252,8 +252,7 @@ void ChartData::AddDeclared(const ChartNode& node, const ChartDrawing& drawing,
     DataVariable variable;
     variable.fId = declared.fId;
     variable.fDeclared = &declared;
-    variable.fSource = FindSource(node, declared.fSource);
-    variable.fColumn = FindColumn(variable.fSource, declared.fColumn);
+    variable.fColumn = FindColumn(FindSource(node, declared.fSource), declared.fColumn);
     variable.fSettings = drawing.FindSettings(declared.fId);
     variable.fFormatSettings = declared.fLabelsFrom.empty()
                                    ? variable.fSettings
@@ -269,7 +268,7 @@ void ChartData::AddDerived(const ChartDrawing& drawing, const tree::DerivedVaria
     variable.fId = derived.fId;
     variable.fDerived = &derived;
     variable.fSettings = drawing.FindSettings(derived.fId);
-    if (!derived.fCases.empty()) {
+    if (variable.HasCases()) {
         variable.fFormatSettings = variable.fSettings;
         variable.fHoldsLabels = false;
     }

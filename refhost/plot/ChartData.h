@@ -59,20 +59,19 @@ public:
     bool HoldsText() const { return fHoldsText; }
     const std::string& Id() const { return fId; }
 
-    /// Variables of one source share their rows.
-    const ChartSource* Source() const { return fSource; }
-
 private:
     friend class ChartData;
 
     const ChartValue& Value(std::size_t row) const;
+
+    /// Whether it stands for the cases that its numbers meet, not for its values.
+    bool HasCases() const { return fDerived && !fDerived->fCases.empty(); }
     std::string_view CaseOf(const ChartValue& value) const;
     const std::string* Relabel(std::string_view key) const;
     std::string FormattedNumber(double raw, int mostMore) const;
     double HostDate(double raw) const;
 
     std::string fId;
-    const ChartSource* fSource = nullptr;
     const ChartSource::Column* fColumn = nullptr;
     const tree::SourceVariable* fDeclared = nullptr;
     const tree::DerivedVariable* fDerived = nullptr;

@@ -17,14 +17,13 @@ namespace refhost {
 
 /// What the steps of drawing share: the visualization, its data, the notes that are made underway.
 struct ChartContext {
-    const ChartNode& fNode;
     const ChartDrawing& fDrawing;
     const tree::Visualization& fTree;
     const tree::Graph& fGraph;
     const PlotWords& fWords;
     ChartData fData;
-    std::vector<std::string> fNotes;
-    DataSummary fSummary;
+    std::vector<std::string> fNotes = {};
+    DataSummary fSummary = {};
 };
 
 /// How much of a direction the marks take.

@@ -245,14 +245,8 @@ std::unique_ptr<ResolvedChart> ResolveChart(const ChartNode& node, const PlotWor
 {
     if (!node.fDrawing || node.fDrawing->fTree.fGraphs.empty()) return nullptr;
     const ChartDrawing& drawing = *node.fDrawing;
-    ChartContext context{node,
-                         drawing,
-                         drawing.fTree,
-                         drawing.fTree.fGraphs.front(),
-                         words,
-                         ChartData(node, drawing),
-                         {},
-                         {}};
+    const tree::Graph& graph = drawing.fTree.fGraphs.front();
+    ChartContext context{drawing, drawing.fTree, graph, words, ChartData(node, drawing)};
     auto chart = std::make_unique<ResolvedChart>();
     chart->fTitle = node.fTitle;
     chart->fSubtitle = node.fSubtitle;

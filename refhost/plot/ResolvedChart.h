@@ -151,7 +151,6 @@ struct LegendEntry {
 
 struct ResolvedLegend {
     std::string fTitle;
-    MarkKind fSymbol = MarkKind::Rect;
     std::vector<LegendEntry> fEntries;
 };
 

@@ -44,7 +44,6 @@ struct Location {
     std::optional<ENUM_method> fMethod;  ///< not set: fixed where there is a value
     std::string fValue;                  ///< see `Fraction`
     std::string fTarget;                 ///< id of a graph or a label frame
-    bool fSpecifiedByUser = false;
 };
 
 /// "35%" is 0.35; nothing for what is no percentage. Not clamped.
