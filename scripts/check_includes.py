@@ -25,7 +25,7 @@ refhost/strings    : host/strings refhost/json refhost/data
 refhost/framework  : host/framework host/data refhost/data
 refhost/command    : host/command host/data refhost/data
 refhost/pivot      : host/pivot host/data host/framework refhost/document refhost/data refhost/strings
-refhost/template   : host/chart
+refhost/template   : host/chart refhost/data
 refhost/chart      : host/chart host/data refhost/document refhost/data refhost/strings refhost/template
 refhost/plot       : refhost/template refhost/document refhost/data
 refhost/vega       : refhost/plot refhost/data

@@ -20,6 +20,9 @@ DecimalDigits ShortestDigits(double value);
 /// mantissa. What is not finite is "inf", "-inf" or "nan".
 std::string ShortText(double value, int digits);
 
+/// From here on fixed notation shows digits that aren't there.
+inline constexpr double kLongestFixed = 1e15;
+
 /// Fixed notation as C's `printf` rounds it; a zero has no sign.
 std::string FixedText(double value, int decimals);
 

@@ -39,8 +39,6 @@ constexpr FormatRow kFormats[] = {
 // clang-format on
 
 constexpr int kMostDecimals = 16;
-constexpr double kLongestFixed =
-    1e15;  // from here on fixed notation shows digits that aren't there
 
 const FormatRow& Row(const BpFormatSpec& format)
 {

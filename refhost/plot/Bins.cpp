@@ -3,10 +3,11 @@
 #include <algorithm>
 #include <cmath>
 
+#include "refhost/plot/TimeAxis.h"
+
 namespace refhost {
 namespace {
 
-constexpr double kDay = 86'400'000.0;
 constexpr double kLeastBins = 8.0;
 constexpr double kMostBins = 20.0;
 constexpr std::size_t kBinLimit = 200;

@@ -3,34 +3,22 @@
 #include <algorithm>
 #include <cmath>
 
-#include "refhost/data/Calendar.h"
 #include "refhost/data/DateFormats.h"
 #include "refhost/data/MissingValue.h"
 #include "refhost/data/NumberText.h"
+#include "refhost/plot/TimeAxis.h"
 
 namespace refhost {
 namespace {
 
-constexpr double kMillisecondsPerSecond = 1000.0;
 constexpr int kExactDigits = 16;
 constexpr int kPlainDigits = 6;  // of numbers that no format is known of
-constexpr double kLongNumber = 1e15;
 const ChartValue kAbsent;
 
 // Below these a number is no date of the host's that occurs: the first weeks behind 1582, and with
 // a time the years before 1741. As days, or as seconds since 1970, it is one.
 constexpr double kLeastHostDay = 3e6;
 constexpr double kLeastHostSecond = 5e9;
-
-double ToMilliseconds(double hostSeconds)
-{
-    return (hostSeconds - kSecondsTo1970) * kMillisecondsPerSecond;
-}
-
-double ToHostSeconds(double milliseconds)
-{
-    return milliseconds / kMillisecondsPerSecond + kSecondsTo1970;
-}
 
 std::string Grouped(std::string fixed)
 {
@@ -81,7 +69,7 @@ int Decimals(double number, int own, int mostMore)
 
 std::string ReadableNumber(double number, int decimals)
 {
-    if (std::fabs(number) >= kLongNumber) return ShortText(number, kPlainDigits);
+    if (std::fabs(number) >= kLongestFixed) return ShortText(number, kPlainDigits);
     return FixedText(number, decimals);
 }
 

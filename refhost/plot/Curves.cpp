@@ -4,7 +4,7 @@
 #include <cmath>
 #include <numbers>
 
-#include "refhost/data/Calendar.h"
+#include "refhost/plot/TimeAxis.h"
 
 namespace refhost {
 namespace {
@@ -12,7 +12,6 @@ namespace {
 constexpr int kSteps = 100;
 constexpr int kMostWholeNumbers = 400;
 constexpr double kLastCounted = 9007199254740992.0;  // where doubles begin to skip whole numbers
-constexpr double kMillisecondsPerSecond = 1000.0;
 
 std::optional<double> InUnitOfAxis(const std::optional<tree::Parameter>& parameter, bool onTimeAxis)
 {
@@ -22,7 +21,7 @@ std::optional<double> InUnitOfAxis(const std::optional<tree::Parameter>& paramet
         case tree::ParameterKind::Number:
             break;
         case tree::ParameterKind::Date:
-            if (onTimeAxis) value = (value - kSecondsTo1970) * kMillisecondsPerSecond;
+            if (onTimeAxis) value = ToMilliseconds(value);
             break;
         case tree::ParameterKind::Duration:
             if (onTimeAxis) value *= kMillisecondsPerSecond;

@@ -5,6 +5,7 @@
 #include <optional>
 #include <utility>
 
+#include "refhost/plot/Lettering.h"
 #include "refhost/plot/Palette.h"
 #include "refhost/plot/PlotScales.h"
 #include "refhost/plot/TextWidth.h"
@@ -12,8 +13,6 @@
 namespace refhost {
 namespace {
 
-constexpr double kFontSize = 11.0;
-constexpr double kLine = 15.0;
 constexpr double kEndGap = 10.0;  // between a line's end and its text
 constexpr double kSample = 22.0;  // of a line, beside its name
 constexpr double kSampleGap = 6.0;
@@ -76,7 +75,7 @@ MarkLayer GuideText(const ChartContext& context, const PlacedGuide& guide, const
     const tree::Label& label = *guide.fGuide->fLabel;
     MarkStyle style = TextStyle(FindStyle(context, label.fStyle));
     if (style.fFill.fPaint == Paint::Ink) style.fFill = guide.fStyle.fStroke;
-    style.fFontSize = kFontSize;
+    style.fFontSize = kLabelFont;
     const std::string text = label.Shown();
     if (guide.fGuide->fDimension == tree::Dimension::Y) {
         style.fBaseline = TextBaseline::Middle;
@@ -85,7 +84,7 @@ MarkLayer GuideText(const ChartContext& context, const PlacedGuide& guide, const
     }
     style.fBaseline = TextBaseline::Bottom;
     style.fAlign = TextAlign::Center;
-    const double half = TextBlockWidth(text, kFontSize) / 2;
+    const double half = TextBlockWidth(text, kLabelFont) / 2;
     const double x = PixelAt(plot.fX, plot.fWidth, /*downwards=*/false, guide.fPlace);
     const double inside = std::max(half, std::min(x, plot.fWidth - half));
     return TextLayer(style, inside, -kEndGap + 4.0, text);
@@ -135,8 +134,8 @@ FrameSize ContentOf(const ChartContext& context, const std::vector<PlacedGuide>&
     for (const tree::Label& label : frame.fLabels) {
         const std::string text = label.Shown();
         const double sample = GuideOf(context, guides, label) ? kSample + kSampleGap : 0.0;
-        size.fWidth = std::max(size.fWidth, TextBlockWidth(text, kFontSize) + sample);
-        size.fHeight += kLine * static_cast<double>(CountLines(text));
+        size.fWidth = std::max(size.fWidth, TextBlockWidth(text, kLabelFont) + sample);
+        size.fHeight += kLabelLine * static_cast<double>(CountLines(text));
     }
     return size;
 }
@@ -240,16 +239,16 @@ void AddLabelFrames(const ChartContext& context, const std::vector<PlacedGuide>&
             if (text.empty() || !IsVisible(context, label.fStyle)) continue;
             const bool isOutside = box.fLeft >= area.fRight;
             const PlacedGuide* guide = isOutside ? GuideOf(context, guides, label) : nullptr;
-            if (guide) plot.fLayers.push_back(SampleOf(*guide, x, y + kLine / 2));
+            if (guide) plot.fLayers.push_back(SampleOf(*guide, x, y + kLabelLine / 2));
             MarkStyle style = TextStyle(FindStyle(context, label.fStyle));
             if (guides.size() == 1 && !FindStyle(context, label.fStyle)) {
                 style.fFill = guides.front().fStyle.fStroke;
                 style.fBold = true;
             }
-            style.fFontSize = kFontSize;
+            style.fFontSize = kLabelFont;
             style.fHalo = !isOutside && !guides.empty();
             plot.fLayers.push_back(TextLayer(style, guide ? x + kSample + kSampleGap : x, y, text));
-            y += kLine * static_cast<double>(CountLines(text));
+            y += kLabelLine * static_cast<double>(CountLines(text));
         }
     }
 }

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "refhost/plot/Legends.h"
+#include "refhost/plot/Lettering.h"
 #include "refhost/plot/Marks.h"
 #include "refhost/plot/NetworkLayout.h"
 #include "refhost/plot/Palette.h"
@@ -15,10 +16,7 @@ namespace {
 
 constexpr std::size_t kMostNodes = 60;
 constexpr double kNodeRadius = 9.0;
-constexpr double kLabelGap = 12.0;  // from the middle of a node to the top of its label
-constexpr double kFontSize = 11.0;
-constexpr double kLine = 15.0;
-constexpr double kBoldness = 1.08;       // letters of bold texts are wider
+constexpr double kLabelGap = 12.0;       // from the middle of a node to the top of its label
 constexpr std::size_t kLineLength = 24;  // characters after which a name goes on below
 
 struct Node {
@@ -104,9 +102,9 @@ std::vector<NodeRoom> RoomsOf(const std::vector<Node>& nodes)
 {
     std::vector<NodeRoom> rooms;
     for (const Node& node : nodes) {
-        const double half = TextBlockWidth(node.fLabel, kFontSize) * kBoldness / 2;
+        const double half = TextBlockWidth(node.fLabel, kLabelFont) * kBoldness / 2;
         const auto lines = static_cast<double>(CountLines(node.fLabel));
-        rooms.push_back({std::max(kNodeRadius, half), kNodeRadius, kLabelGap + kLine * lines});
+        rooms.push_back({std::max(kNodeRadius, half), kNodeRadius, kLabelGap + kLabelLine * lines});
     }
     return rooms;
 }

@@ -4,12 +4,12 @@
 #include <string>
 #include <utility>
 
+#include "refhost/plot/Lettering.h"
 #include "refhost/plot/TextWidth.h"
 
 namespace refhost {
 namespace {
 
-constexpr double kBoldness = 1.08;  // letters of bold texts are wider
 constexpr double kNameFont = kHeaderFont * kBoldness;
 constexpr std::size_t kMostMoreLines = 4;
 

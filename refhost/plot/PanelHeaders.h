@@ -7,8 +7,6 @@
 
 namespace refhost {
 
-inline constexpr double kHeaderFont = 12.0;
-
 /// Headers in lines that fit into `room` pixels. Names end on one line, and what is told of them
 /// begins on the next, whatever the number of lines that each takes.
 std::vector<PlotHeader> WrapHeaders(const std::vector<PanelHeader>& headers, double room,

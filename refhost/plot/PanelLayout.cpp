@@ -4,6 +4,7 @@
 #include <cmath>
 #include <optional>
 
+#include "refhost/plot/Lettering.h"
 #include "refhost/plot/PanelHeaders.h"
 #include "refhost/plot/TextWidth.h"
 
@@ -14,13 +15,10 @@ constexpr double kUnit = 240.0;  // pixels of the template's frame
 constexpr double kUsualWidth = 500.0;
 constexpr double kUsualHeight = 320.0;
 constexpr double kWidest = 4000.0;
-constexpr double kLabelFont = 11.0;
-constexpr double kHeaderLine = 16.0;
-constexpr double kHeaderGap = 10.0;
+constexpr double kHeaderAir = 10.0;  // above and below all lines of a header
 constexpr double kTickGap = 8.0;
 constexpr double kTitleStrip = 24.0;
 constexpr double kLabelStrip = 20.0;
-constexpr double kLabelLimit = 150.0;
 constexpr double kSlantRise = 0.643;  // sine of the labels' angle
 constexpr double kMirrorGap = 14.0;
 constexpr double kPlotGap = 18.0;
@@ -83,7 +81,7 @@ double WidestLabel(const std::vector<AxisTick>& ticks)
 double HeaderHeight(const std::vector<PlotHeader>& headers)
 {
     const std::size_t lines = headers.empty() ? 0 : headers.front().fLines.size();
-    return lines == 0 ? 0.0 : kHeaderGap + kHeaderLine * static_cast<double>(lines);
+    return lines == 0 ? 0.0 : kHeaderAir + kHeaderLine * static_cast<double>(lines);
 }
 
 std::optional<double> GraphEdge(const ChartContext& context, ENUM_part part)

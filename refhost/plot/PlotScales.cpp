@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "refhost/plot/Ticks.h"
+#include "refhost/plot/TimeAxis.h"
 
 namespace refhost {
 namespace {
@@ -13,9 +14,7 @@ constexpr double kNumberHeight = 18.0;   // of the number on top of a bar
 constexpr double kPixelsUpright = 30.0;  // between ticks
 constexpr double kPixelsLying = 48.0;
 constexpr double kPixelsOfDates = 90.0;
-constexpr double kFarthest = 1e300;  // ranges beyond it have no length
-constexpr double kNextTo = 1e-9;     // of a number: doubles that are told apart for sure
-constexpr double kHalfDay = 43'200'000.0;
+constexpr double kNextTo = 1e-9;  // of a number: doubles that are told apart for sure
 
 int TickCount(double pixels, double apart)
 {
@@ -65,7 +64,7 @@ TickedRange NumberRange(const PlotDirection& direction, const Extent& extent, in
     }
     if (!isTime) return RoundRange(low, high, ticks);
     const double air =
-        high > low ? (high - low) * 0.03 : std::max(kHalfDay, std::fabs(low) * kNextTo);
+        high > low ? (high - low) * 0.03 : std::max(kDay / 2, std::fabs(low) * kNextTo);
     return within(low - air, high + air);
 }
 

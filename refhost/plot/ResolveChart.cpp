@@ -8,6 +8,7 @@
 #include "refhost/plot/Curves.h"
 #include "refhost/plot/Guides.h"
 #include "refhost/plot/Legends.h"
+#include "refhost/plot/Lettering.h"
 #include "refhost/plot/Marks.h"
 #include "refhost/plot/NetworkPlot.h"
 #include "refhost/plot/PanelLayout.h"
@@ -22,7 +23,6 @@ constexpr double kNetworkWidth = 490.0;
 constexpr double kNetworkHeight = 360.0;
 constexpr double kCaptionFont = 12.0;
 constexpr double kCaptionAir = 8.0;
-constexpr double kBoldness = 1.08;       // letters of bold texts are wider
 constexpr std::size_t kManyPlots = 25;   // from which captions are bare numbers
 constexpr double kFarthestStart = 20.0;  // of a distribution: ranges of the data below them
 constexpr double kLegendWidth = 40.0;    // of the symbol and the gaps around it
@@ -233,7 +233,7 @@ double LegendWidth(const std::vector<ResolvedLegend>& legends)
     double width = 0.0;
     for (const ResolvedLegend& legend : legends) {
         for (const LegendEntry& entry : legend.fEntries) {
-            width = std::max(width, kLegendWidth + TextBlockWidth(entry.fLabel, 11.0));
+            width = std::max(width, kLegendWidth + TextBlockWidth(entry.fLabel, kLabelFont));
         }
     }
     return width;

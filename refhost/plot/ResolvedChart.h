@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "refhost/plot/Lettering.h"
+
 /// A chart as it is drawn: every number worked out, every text finished, every colour settled.
 /// A pen that draws it computes nothing and asks nothing about where the chart came from.
 /// All texts are UTF-8; lines are parted by line feeds.
@@ -87,7 +89,7 @@ struct MarkStyle {
     double fGapY = 0.0;   ///< pixels by which a rect is drawn lower
     double fCorner = 0.0;
 
-    double fFontSize = 11.0;
+    double fFontSize = kLabelFont;
     bool fBold = false;
     bool fItalic = false;
     bool fHalo = false;  ///< a text stands on a margin of the ground's colour

@@ -9,18 +9,16 @@
 #include "refhost/data/NumberText.h"
 #include "refhost/plot/Bins.h"
 #include "refhost/plot/ChartData.h"
+#include "refhost/plot/TimeAxis.h"
 
 namespace refhost {
 namespace {
 
 constexpr double kAir = 1.03;  // above the tallest bar
 constexpr int kFewTicks = 5;
-constexpr double kDay = 86'400'000.0;
 constexpr int kTickLimit = 50;
-constexpr double kLongNumber = 1e15;
 constexpr double kShortNumber = 1e-4;
 constexpr double kNearest = 1e-300;  // what lies closer or farther is as good as there
-constexpr double kFarthest = 1e300;
 
 std::string WithMinusSign(std::string text)
 {
@@ -28,15 +26,12 @@ std::string WithMinusSign(std::string text)
     return text;
 }
 
-/// As the host counts them.
-double Seconds(double milliseconds) { return milliseconds / 1000.0 + kSecondsTo1970; }
-
 /// False where numbers lie beyond the years that have dates.
-bool IsInCalendar(double milliseconds) { return DateText(Seconds(milliseconds)).has_value(); }
+bool IsInCalendar(double milliseconds) { return DateText(ToHostSeconds(milliseconds)).has_value(); }
 
 std::string TimeText(double milliseconds, double step)
 {
-    const double seconds = Seconds(milliseconds);
+    const double seconds = ToHostSeconds(milliseconds);
     const auto text = step >= kDay ? DateText(seconds) : DateTimeText(seconds, ' ', 0);
     return text.value_or(std::string());
 }
@@ -101,7 +96,7 @@ std::vector<AxisTick> UndatedTicks(double low, double high, int ticks)
 {
     std::vector<AxisTick> places = SteppedTicks(low, high, StepWithin(low, high, ticks));
     for (AxisTick& tick : places) {
-        tick.fLabel = ReadableNumber(Seconds(tick.fAt), 0);
+        tick.fLabel = ReadableNumber(ToHostSeconds(tick.fAt), 0);
     }
     return places;
 }
@@ -112,7 +107,8 @@ std::string TickText(double number, double step)
 {
     const double size = std::fabs(number);
     if (size < step * 1e-6) return "0";
-    if (size >= kLongNumber || !(step >= kShortNumber)) return WithMinusSign(ShortText(number, 12));
+    if (size >= kLongestFixed || !(step >= kShortNumber))
+        return WithMinusSign(ShortText(number, 12));
     const double decimals = std::clamp(std::ceil(-std::log10(step) - 1e-9), 0.0, 6.0);
     return WithMinusSign(FixedText(number, static_cast<int>(decimals)));
 }

@@ -7,6 +7,9 @@
 
 namespace refhost {
 
+/// Places beyond it count as it: a range that is longer has no length in doubles.
+inline constexpr double kFarthest = 1e300;
+
 /// A range of an axis with the places of its ticks.
 struct TickedRange {
     double fMin = 0.0;

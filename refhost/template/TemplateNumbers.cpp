@@ -1,5 +1,7 @@
 #include "refhost/template/TemplateNumbers.h"
 
+#include "refhost/data/Calendar.h"
+
 #include <charconv>
 #include <chrono>
 #include <cmath>
@@ -9,8 +11,6 @@ namespace refhost::tree {
 
 namespace {
 
-constexpr double kSecondsPerDay = 86400;
-constexpr double kSecondsTo1970 = 12219379200;  // from 14 October 1582, day 0 of the host's dates
 constexpr double kMissing = -std::numeric_limits<double>::max();
 
 constexpr std::string_view kSpace = " \t\r\n";

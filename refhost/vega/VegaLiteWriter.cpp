@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string_view>
 
+#include "refhost/plot/Lettering.h"
 #include "refhost/plot/ResolvedChart.h"
 #include "refhost/vega/JsonStream.h"
 #include "refhost/vega/VegaLegends.h"
@@ -48,8 +49,8 @@ void WriteLinesBelow(JsonStream& json, const std::string& lines)
     json.Key("text");
     json.Lines(lines);
     json.Member("orient", "bottom");
-    json.Member("fontSize", 11);
-    json.Member("lineHeight", 15);
+    json.Member("fontSize", kLabelFont);
+    json.Member("lineHeight", kLabelLine);
     json.Member("fontWeight", 400);
     json.Member("fontStyle", "italic");
     json.Member("offset", 8);
@@ -66,7 +67,7 @@ void WriteFieldTitle(JsonStream& json, const std::string& title, const char* sid
     json.Member("orient", side);
     json.Member("anchor", "middle");
     json.Member("frame", "bounds");
-    json.Member("fontSize", 12);
+    json.Member("fontSize", kHeaderFont);
     json.Member("fontWeight", 500);
     json.Member("offset", 8);
     json.EndObject();

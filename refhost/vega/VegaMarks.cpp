@@ -4,6 +4,7 @@
 #include <cmath>
 #include <string_view>
 
+#include "refhost/plot/Lettering.h"
 #include "refhost/vega/JsonStream.h"
 #include "refhost/vega/VegaColors.h"
 #include "refhost/vega/VegaPatterns.h"
@@ -12,8 +13,6 @@ namespace refhost {
 namespace {
 
 constexpr double kHaloWidth = 4.0;
-constexpr double kHeaderFont = 12.0;
-constexpr double kHeaderLine = 16.0;
 constexpr double kHeaderGap = 8.0;
 
 const char* MarkName(MarkKind kind)
@@ -304,8 +303,8 @@ void WriteTurnedHeader(JsonStream& json, const ResolvedPlot& plot, double strip)
     json.Member("angle", 270);
     json.Member("align", "center");
     json.Member("baseline", "bottom");
-    json.Member("fontSize", 12);
-    json.Member("lineHeight", 16);
+    json.Member("fontSize", kHeaderFont);
+    json.Member("lineHeight", kHeaderLine);
     json.Member("fontWeight", 600);
     WriteColorMember(json, "fill", {Paint::Ink, {}});
     json.EndObject();

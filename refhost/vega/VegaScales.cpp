@@ -4,6 +4,7 @@
 #include <string_view>
 #include <utility>
 
+#include "refhost/plot/Lettering.h"
 #include "refhost/vega/JsonStream.h"
 
 namespace refhost {
@@ -11,7 +12,6 @@ namespace {
 
 constexpr double kTitlePadding = 10.0;
 constexpr double kTitleLine = 14.0;
-constexpr double kLabelLimit = 150.0;
 
 const char* SideName(AxisSide side)
 {

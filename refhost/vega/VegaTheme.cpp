@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "refhost/plot/Lettering.h"
 #include "refhost/vega/JsonStream.h"
 
 namespace refhost {
@@ -85,9 +86,9 @@ void WriteAxes(JsonStream& json, const GroundColors& ground)
     json.Key("axis");
     json.BeginObject();
     json.Member("labelColor", ground.fSoft);
-    json.Member("labelFontSize", 11);
+    json.Member("labelFontSize", kLabelFont);
     json.Member("titleColor", ground.fInk);
-    json.Member("titleFontSize", 12);
+    json.Member("titleFontSize", kHeaderFont);
     json.Member("titleFontWeight", 500);
     json.Member("titlePadding", 10);
     json.Member("domainColor", ground.fLine);
@@ -106,9 +107,9 @@ void WriteLegend(JsonStream& json, const GroundColors& ground)
     json.Key("legend");
     json.BeginObject();
     json.Member("labelColor", ground.fInk);
-    json.Member("labelFontSize", 11);
+    json.Member("labelFontSize", kLabelFont);
     json.Member("titleColor", ground.fInk);
-    json.Member("titleFontSize", 12);
+    json.Member("titleFontSize", kHeaderFont);
     json.Member("titleFontWeight", 500);
     json.Member("symbolSize", 110);
     json.Member("labelLimit", 260);
@@ -154,7 +155,7 @@ void AppendTheme(std::string& out, const GroundColors& ground)
     WriteLegend(json, ground);
     json.Key("text");
     json.BeginObject();
-    json.Member("fontSize", 11);
+    json.Member("fontSize", kLabelFont);
     json.EndObject();
     WriteColors(json, ground);
     json.EndObject();
