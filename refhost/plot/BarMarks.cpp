@@ -22,6 +22,12 @@ struct Bar {
     std::size_t fRow = 0;  ///< the first that it stands for
 };
 
+/// From end to end along one axis.
+struct Span {
+    double fFrom = 0.0;
+    double fTo = 0.0;
+};
+
 /// What an interval element takes from the tree.
 class BarReader {
 public:
@@ -58,7 +64,7 @@ public:
                 if (bin >= fStanding.fBins->fCount) continue;
                 place = (fStanding.fBins->Edge(bin) + fStanding.fBins->Edge(bin + 1)) / 2;
             }
-            const Bar bar{*place, SeriesOf(row), *value / fScaling, row};
+            const Bar bar{*place, SeriesAt(row), *value / fScaling, row};
             const std::pair key(bar.fPlace, bar.fSeries);
             if (const auto at = fIsSum ? sums.find(key) : sums.end(); at != sums.end()) {
                 bars[at->second].fValue += bar.fValue;
@@ -77,6 +83,10 @@ public:
         return bars;
     }
 
+    /// False for a bar without a colour of its own, or with one that there is no room for.
+    bool HasSeries(const Bar& bar) const { return bar.fSeries < fSeries.Count(); }
+    const CategoryLabel& SeriesOf(const Bar& bar) const { return fSeries.All()[bar.fSeries]; }
+
     const tree::Element& fElement;
     const PlotDirection& fStanding;
     const tree::Color* fColor;
@@ -88,7 +98,7 @@ public:
     bool fIsSum = false;
 
 private:
-    std::size_t SeriesOf(std::size_t row) const
+    std::size_t SeriesAt(std::size_t row) const
     {
         if (!fColorVariable) return 0;
         std::string room;
@@ -119,7 +129,7 @@ PaintedColor PlainFill(const ChartContext& context, const tree::Element& element
 MarkStyle StyleOf(const ChartContext& context, const BarReader& reader, const Bar& bar,
                   const Panel& panel)
 {
-    const bool isColored = reader.fColor && bar.fSeries < reader.fSeries.Count();
+    const bool isColored = reader.fColor && reader.HasSeries(bar);
     MarkStyle style = isColored ? SeriesStyle(*reader.fColor, bar.fSeries) : MarkStyle();
     if (!isColored) style.fFill = PlainFill(context, reader.fElement, panel);
     const bool isUpright = reader.fElement.fExtent == tree::Dimension::Y;
@@ -160,21 +170,33 @@ PopupFrame FrameOf(const ChartContext& context, const tree::Element& element,
     return frame;
 }
 
+/// How its place and its value are told to a reader.
+struct BarTexts {
+    std::string fBase;
+    std::string fValue;
+};
+
+BarTexts TextsOf(const BarReader& reader, const Bar& bar)
+{
+    const bool isWhole = bar.fValue == std::floor(bar.fValue);
+    return {BaseText(reader, bar), ReadableNumber(bar.fValue, isWhole ? 0 : 2)};
+}
+
 std::string UsualPopup(const BarReader& reader, const Bar& bar, const PopupFrame& frame,
-                       std::string_view baseText, std::string_view valueText)
+                       const BarTexts& texts)
 {
     std::string text = frame.fPanel;
-    AppendNamedValue(text, frame.fBase, baseText);
+    AppendNamedValue(text, frame.fBase, texts.fBase);
     text += '\n';
-    if (bar.fSeries < reader.fSeries.Count() && reader.fColorVariable != reader.fBase) {
-        text.append(reader.fSeries.All()[bar.fSeries].fLabel) += '\n';
+    if (reader.HasSeries(bar) && reader.fColorVariable != reader.fBase) {
+        text.append(reader.SeriesOf(bar).fLabel) += '\n';
     }
-    AppendNamedValue(text, frame.fValue, valueText);
+    AppendNamedValue(text, frame.fValue, texts.fValue);
     return text;
 }
 
 /// Where a bar begins and ends along the axis on which it stands.
-std::pair<double, double> Footing(const BarReader& reader, const Bar& bar)
+Span Footing(const BarReader& reader, const Bar& bar)
 {
     const bool isCategory = reader.fStanding.fKind == ScaleKind::Category;
     const bool isCluster = reader.fElement.fArrangement == tree::Arrangement::Cluster;
@@ -189,46 +211,145 @@ std::pair<double, double> Footing(const BarReader& reader, const Bar& bar)
     return {start, start + width};
 }
 
-ResolvedMark RectOf(const BarReader& reader, std::pair<double, double> footing, double from,
-                    double to)
-{
-    ResolvedMark mark;
-    if (reader.fElement.fExtent == tree::Dimension::Y) {
-        mark.fX = footing.first, mark.fX2 = footing.second, mark.fY = from, mark.fY2 = to;
-    } else {
-        mark.fX = from, mark.fX2 = to, mark.fY = footing.first, mark.fY2 = footing.second;
+/// The heights of bars: each grows from zero, or in a stack from the end of the one before it.
+class Heights {
+public:
+    explicit Heights(const BarReader& reader)
+        : fIsStack(reader.fElement.fArrangement == tree::Arrangement::Stack)
+    {
     }
-    return mark;
+
+    /// Nothing for a bar that would end beyond all numbers.
+    std::optional<Span> Next(const Bar& bar)
+    {
+        if (!fIsStack || bar.fPlace != fPlace) fTop = 0.0;
+        fPlace = bar.fPlace;
+        const Span height{fTop, fTop + bar.fValue};
+        if (!std::isfinite(height.fTo)) return std::nullopt;
+        fTop = height.fTo;
+        return height;
+    }
+
+private:
+    bool fIsStack;
+    double fPlace = 0.0;
+    double fTop = 0.0;
+};
+
+void Widen(PlotSpace& space, const BarReader& reader, const Span& footing, const Span& height)
+{
+    const tree::Dimension growing = reader.fElement.fExtent;
+    space.Of(Other(growing)).fExtent.Take(footing.fFrom);
+    space.Of(Other(growing)).fExtent.Take(footing.fTo);
+    space.Of(growing).fExtent.Take(height.fFrom);
+    space.Of(growing).fExtent.Take(height.fTo);
 }
 
-/// The text beside the end of a bar.
-void AddNumber(ChartContext& context, const BarReader& reader, const Bar& bar,
-               std::pair<double, double> footing, double end, std::vector<MarkLayer>& layers,
-               std::size_t from)
-{
-    if (reader.fElement.fLabelings.empty()) return;
-    const DataVariable* variable = context.fData.Find(reader.fElement.fLabelings.back().fVariable);
-    if (!variable) return;
-    ResolvedMark mark;
-    mark.fText = variable->Text(bar.fRow);
-    if (mark.fText.empty()) return;
-    MarkStyle style;
-    style.fFill = {Paint::Quiet, {}};
-    style.fFontSize = kNumberSize;
-    const double middle = (footing.first + footing.second) / 2;
-    if (reader.fElement.fExtent == tree::Dimension::Y) {
-        mark.fX = middle, mark.fY = end;
-        style.fAlign = TextAlign::Center, style.fBaseline = TextBaseline::Bottom;
-        style.fShiftY = -3.0;
-    } else {
-        mark.fX = end, mark.fY = middle;
-        style.fBaseline = TextBaseline::Middle;
-        style.fShiftX = 4.0;
+/// Draws the bars of a panel one by one.
+class BarPen {
+public:
+    BarPen(ChartContext& context, const BarReader& reader, const Panel& panel,
+           const PlotSpace& space, std::vector<MarkLayer>& layers)
+        : fContext(context),
+          fReader(reader),
+          fPanel(panel),
+          fLayers(layers),
+          fFrom(layers.size()),
+          fPopup(FindPopup(context, reader.fElement, {})),
+          fFrame(FrameOf(context, reader.fElement, space, panel)),
+          fLayerOfSeries(reader.fSeries.Count() + 1)
+    {
     }
-    MarkLayer& layer = LayerOf(layers, from, MarkKind::Text, style);
-    layer.fHelper = true;
-    layer.fMarks.push_back(std::move(mark));
-}
+
+    /// `expected` bars are to come, of all series together.
+    void Expect(std::size_t expected) { fLayerRoom = expected / fLayerOfSeries.size() + 1; }
+
+    void Draw(const Bar& bar, const Span& footing, const Span& height)
+    {
+        BarTexts texts = TextsOf(fReader, bar);
+        AddRect(bar, footing, height, texts);
+        AddNumber(bar, (footing.fFrom + footing.fTo) / 2, height.fTo);
+        AddRow(bar, std::move(texts));
+    }
+
+private:
+    bool IsUpright() const { return fReader.fElement.fExtent == tree::Dimension::Y; }
+
+    void AddRect(const Bar& bar, const Span& footing, const Span& height, const BarTexts& texts)
+    {
+        const auto& [x, y] = IsUpright() ? std::pair(footing, height) : std::pair(height, footing);
+        ResolvedMark mark;
+        mark.fX = x.fFrom, mark.fX2 = x.fTo, mark.fY = y.fFrom, mark.fY2 = y.fTo;
+        if (fReader.fStanding.fKind == ScaleKind::Category) {
+            mark.fKey = fReader.fBase->Key(bar.fRow);
+        }
+        if (fReader.HasSeries(bar)) mark.fSeries = fReader.SeriesOf(bar).fKey;
+        mark.fPopup = fPopup ? PopupText(fContext, *fPopup, bar.fRow)
+                             : UsualPopup(fReader, bar, fFrame, texts);
+        RectsLike(bar).fMarks.push_back(std::move(mark));
+    }
+
+    /// The layer of the bar's look: bars of one series share theirs.
+    MarkLayer& RectsLike(const Bar& bar)
+    {
+        std::optional<std::size_t>& layer = fLayerOfSeries[bar.fSeries];
+        if (!layer) {
+            const MarkStyle style = StyleOf(fContext, fReader, bar, fPanel);
+            layer = LayerAt(fLayers, fFrom, MarkKind::Rect, style);
+            fLayers[*layer].fMarks.reserve(fLayerRoom);
+        }
+        return fLayers[*layer];
+    }
+
+    /// The text beside the end of a bar.
+    void AddNumber(const Bar& bar, double middle, double end)
+    {
+        if (fReader.fElement.fLabelings.empty()) return;
+        const std::string& id = fReader.fElement.fLabelings.back().fVariable;
+        const DataVariable* variable = fContext.fData.Find(id);
+        if (!variable) return;
+        ResolvedMark mark;
+        mark.fText = variable->Text(bar.fRow);
+        if (mark.fText.empty()) return;
+        MarkStyle style;
+        style.fFill = {Paint::Quiet, {}};
+        style.fFontSize = kNumberSize;
+        if (IsUpright()) {
+            mark.fX = middle, mark.fY = end;
+            style.fAlign = TextAlign::Center, style.fBaseline = TextBaseline::Bottom;
+            style.fShiftY = -3.0;
+        } else {
+            mark.fX = end, mark.fY = middle;
+            style.fBaseline = TextBaseline::Middle;
+            style.fShiftX = 4.0;
+        }
+        MarkLayer& layer = LayerOf(fLayers, fFrom, MarkKind::Text, style);
+        layer.fHelper = true;
+        layer.fMarks.push_back(std::move(mark));
+    }
+
+    void AddRow(const Bar& bar, BarTexts&& texts)
+    {
+        std::vector<std::string> cells;
+        cells.reserve(fPanel.fName.size() + 3);
+        cells.push_back(std::move(texts.fBase));
+        if (fReader.fColorVariable) {
+            cells.push_back(fReader.HasSeries(bar) ? fReader.SeriesOf(bar).fLabel : std::string());
+        }
+        cells.push_back(std::move(texts.fValue));
+        Summarize(fContext, fPanel, std::move(cells));
+    }
+
+    ChartContext& fContext;
+    const BarReader& fReader;
+    const Panel& fPanel;
+    std::vector<MarkLayer>& fLayers;
+    std::size_t fFrom;          // the first layer of the element
+    const tree::Popup* fPopup;  // null where the popup is the usual one
+    PopupFrame fFrame;
+    std::vector<std::optional<std::size_t>> fLayerOfSeries;  // the last: of bars without a series
+    std::size_t fLayerRoom = 0;
+};
 
 }  // namespace
 
@@ -237,57 +358,21 @@ void AddBars(ChartContext& context, const tree::Element& element, const Panel& p
 {
     const BarReader reader(context, element, space);
     if (!reader.IsComplete()) return;
-    const tree::Popup* popup = FindPopup(context, element, {});
-    PlotDirection& standing = space.Of(Other(element.fExtent));
-    PlotDirection& growing = space.Of(element.fExtent);
-    const std::size_t from = layers.size();
-    const bool isStack = element.fArrangement == tree::Arrangement::Stack;
-    double place = 0.0, stacked = 0.0;
-    totals.fWidth = reader.fStanding.fBarWidth;
     bool isCut = false;
     const std::vector<Bar> bars = reader.Read(panel, isCut);
     if (isCut) NoteCutMarks(context);
-    const PopupFrame frame = FrameOf(context, element, space, panel);
-    std::vector<std::optional<std::size_t>> layerOfSeries(reader.fSeries.Count() + 1);
+    totals.fWidth = reader.fStanding.fBarWidth;
+
+    Heights heights(reader);
+    BarPen pen(context, reader, panel, space, layers);
+    pen.Expect(bars.size());
     for (const Bar& bar : bars) {
-        if (bar.fPlace != place) stacked = 0.0;
-        place = bar.fPlace;
-        const double start = isStack ? stacked : 0.0;
-        const double end = start + bar.fValue;
-        if (!std::isfinite(end)) continue;
-        stacked = end;
+        const auto height = heights.Next(bar);
+        if (!height) continue;
         totals.fTotal += bar.fValue;
-        const auto footing = Footing(reader, bar);
-        standing.fExtent.Take(footing.first);
-        standing.fExtent.Take(footing.second);
-        growing.fExtent.Take(start);
-        growing.fExtent.Take(end);
-
-        ResolvedMark mark = RectOf(reader, footing, start, end);
-        if (standing.fKind == ScaleKind::Category) mark.fKey = reader.fBase->Key(bar.fRow);
-        const bool isSeries = bar.fSeries < reader.fSeries.Count();
-        if (isSeries) mark.fSeries = reader.fSeries.All()[bar.fSeries].fKey;
-        std::string baseText = BaseText(reader, bar);
-        std::string valueText =
-            ReadableNumber(bar.fValue, bar.fValue == std::floor(bar.fValue) ? 0 : 2);
-        mark.fPopup = popup ? PopupText(context, *popup, bar.fRow)
-                            : UsualPopup(reader, bar, frame, baseText, valueText);
-        std::optional<std::size_t>& layer = layerOfSeries[bar.fSeries];
-        if (!layer) {
-            layer = LayerAt(layers, from, MarkKind::Rect, StyleOf(context, reader, bar, panel));
-            layers[*layer].fMarks.reserve(bars.size() / layerOfSeries.size() + 1);
-        }
-        layers[*layer].fMarks.push_back(std::move(mark));
-        AddNumber(context, reader, bar, footing, end, layers, from);
-
-        std::vector<std::string> cells;
-        cells.reserve(panel.fName.size() + 3);
-        cells.push_back(std::move(baseText));
-        if (reader.fColorVariable) {
-            cells.push_back(isSeries ? reader.fSeries.All()[bar.fSeries].fLabel : std::string());
-        }
-        cells.push_back(std::move(valueText));
-        Summarize(context, panel, std::move(cells));
+        const Span footing = Footing(reader, bar);
+        Widen(space, reader, footing, *height);
+        pen.Draw(bar, footing, *height);
     }
 }
 
