@@ -48,24 +48,26 @@ const ChartSource::Column* FindColumn(const ChartSource* source, std::string_vie
     return found == source->fColumns.end() ? nullptr : &*found;
 }
 
-}  // namespace
-
-std::string ExactText(double number) { return ShortText(number, kExactDigits); }
-
 /// Up to `mostMore` decimals beyond a variable's own, until they tell the number.
 int Decimals(double number, int own, int mostMore)
 {
     constexpr int kMost = 16;
     constexpr double kNoise = 1e-9;
+    constexpr double kPowers[kMost + 1] = {1e0, 1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7, 1e8,
+                                           1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15, 1e16};
     const int least = std::clamp(own, 0, kMost);
     const int most = std::min(least + mostMore, kMost);
     int decimals = least;
-    for (double scaled = number * std::pow(10.0, least); decimals < most; scaled *= 10.0) {
+    for (double scaled = number * kPowers[least]; decimals < most; scaled *= 10.0) {
         if (std::fabs(scaled - std::round(scaled)) <= kNoise * std::fabs(scaled)) break;
         ++decimals;
     }
     return decimals;
 }
+
+}  // namespace
+
+std::string ExactText(double number) { return ShortText(number, kExactDigits); }
 
 std::string ReadableNumber(double number, int decimals)
 {
