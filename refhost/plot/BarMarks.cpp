@@ -35,12 +35,11 @@ public:
         : fElement(element),
           fStanding(space.Of(Other(element.fExtent))),
           fColor(ColorOf(context, element)),
-          fColorVariable(fColor ? context.fData.Find(fColor->fVariable) : nullptr)
+          fColorVariable(fColor ? context.fData.Find(fColor->fVariable) : nullptr),
+          fBase(VariableAt(context, PositionOf(element, Other(element.fExtent)))),
+          fValue(VariableAt(context, PositionOf(element, element.fExtent)))
     {
-        const auto& base = PositionOf(element, Other(element.fExtent));
         const auto& value = PositionOf(element, element.fExtent);
-        if (base) fBase = context.fData.Find(base->fVariable);
-        if (value) fValue = context.fData.Find(value->fVariable);
         if (value && value->fScalingFactor > 0.0) fScaling = value->fScalingFactor;
         fIsSum = fStanding.fBins || (value && value->fSummary == tree::Summary::Sum);
         if (fColorVariable) {
@@ -91,8 +90,8 @@ public:
     const PlotDirection& fStanding;
     const tree::Color* fColor;
     const DataVariable* fColorVariable;
-    const DataVariable* fBase = nullptr;
-    const DataVariable* fValue = nullptr;
+    const DataVariable* fBase;
+    const DataVariable* fValue;
     CategoryList fSeries;
     double fScaling = 1.0;
     bool fIsSum = false;

@@ -68,7 +68,7 @@ void Settle(ChartContext& context, tree::Dimension dimension, PlotDirection& dir
     bool binned = false;
     for (const tree::Element& element : context.fGraph.fElements) {
         const auto& position = PositionOf(element, dimension);
-        const DataVariable* variable = position ? context.fData.Find(position->fVariable) : nullptr;
+        const DataVariable* variable = VariableAt(context, position);
         if (!variable) continue;
         const bool isBar = element.fKind == tree::ElementKind::Interval;
         if (isBar && element.fExtent == dimension) {

@@ -84,6 +84,13 @@ inline const std::optional<tree::Position>& PositionOf(const tree::Element& elem
     return dimension == tree::Dimension::X ? element.fX : element.fY;
 }
 
+/// Null without a position, and where the data don't have what it names.
+inline const DataVariable* VariableAt(const ChartContext& context,
+                                      const std::optional<tree::Position>& position)
+{
+    return position ? context.fData.Find(position->fVariable) : nullptr;
+}
+
 /// Kinds, categories, bins and bar widths of both directions, from the data of all plots.
 PlotSpace MakePlotSpace(ChartContext& context);
 

@@ -7,12 +7,6 @@ namespace {
 
 constexpr double kPointSize = 40.0;
 
-const DataVariable* VariableAt(const ChartContext& context,
-                               const std::optional<tree::Position>& position)
-{
-    return position ? context.fData.Find(position->fVariable) : nullptr;
-}
-
 std::optional<ResolvedMark> MarkAt(const tree::Element& element, const DataVariable& x,
                                    const DataVariable& y, std::size_t row, PlotSpace& space)
 {
