@@ -229,73 +229,118 @@ void Mirror(const ChartContext& context, const PanelGrid& grid, const Panel& pan
     if (grid.fRows > 1) plot.fY.fReversed = (panel.fRow % 2 == 1) != invert;
 }
 
-PanelLayout LayOut(const ChartContext& context, const PanelGrid& grid, const PlotSpace& space,
-                   double headerRoom)
-{
-    PanelLayout layout;
-    layout.fHeaders = WrapHeaders(grid.fColumnHeaders, headerRoom, kNameLines);
-    const tree::Axis* axisX = NearAxis(context, tree::Dimension::X);
-    const tree::Axis* axisY = NearAxis(context, tree::Dimension::Y);
-    const double width = Size(context.fDrawing.fWidth, kUsualWidth);
-    const double height = Size(context.fDrawing.fHeight, kUsualHeight);
-    const bool mirrorsRows = grid.fAlternates && grid.fRows > 1;
-    const bool mirrorsColumns = grid.fAlternates && grid.fColumns > 1;
-    const double titleX = TitleStrip(axisX, space.fX);
-    const double titleY = TitleStrip(axisY, space.fY);
-    layout.fBottomExtent = axisX && axisX->fTicks ? kLabelStrip : 0.0;
-    const double stripX = titleX + layout.fBottomExtent;
+/// Works out a layout step by step: what plots get in height settles the labels of the left axis,
+/// these what is left of the width, and that whether the labels below have room to lie.
+class LayoutSteps {
+public:
+    LayoutSteps(const ChartContext& context, const PanelGrid& grid, const PlotSpace& space)
+        : fContext(context),
+          fGrid(grid),
+          fSpace(space),
+          fAxisX(NearAxis(context, tree::Dimension::X)),
+          fAxisY(NearAxis(context, tree::Dimension::Y)),
+          fTitleX(TitleStrip(fAxisX, space.fX)),
+          fTitleY(TitleStrip(fAxisY, space.fY)),
+          fWidth(Size(context.fDrawing.fWidth, kUsualWidth)),
+          fHeight(Size(context.fDrawing.fHeight, kUsualHeight)),
+          fTop(GraphEdge(context, ENUM_part::Top).value_or(0.0) * fHeight),
+          fRows(static_cast<double>(grid.fRows)),
+          fColumns(static_cast<double>(grid.fColumns))
+    {
+    }
 
-    layout.fColumnSpacing = ColumnGap(grid);
-    layout.fRowSpacing = RowGap(grid, layout, titleX);
-    const double top = GraphEdge(context, ENUM_part::Top).value_or(0.0) * height;
-    const auto bottomEdge = GraphEdge(context, ENUM_part::Bottom);
-    const double bottom = bottomEdge ? *bottomEdge * height : height - stripX;
-    const double headers = HeaderHeight(layout.fHeaders);
-    const double above =
-        headers + (mirrorsRows ? stripX : 0.0) + (HasFrameOnTop(context) ? kTitleStrip : 0.0);
-    const auto rows = static_cast<double>(grid.fRows);
-    const double inner = bottom - top - (grid.fWraps ? 0.0 : layout.fRowSpacing * (rows - 1.0));
-    layout.fPlotHeight = grid.fWraps ? std::max(kLowestPlot, inner - headers)
-                                     : std::max(LeastHeight(grid), inner / rows);
-    layout.fY = ScaleDirection(space.fY, layout.fPlotHeight, /*isUpright=*/true);
-    layout.fLeftExtent = axisY && axisY->fTicks ? kTickGap + WidestLabel(layout.fY.fTicks) : 0.0;
+    /// With headers of lines that fit into so many pixels.
+    PanelLayout LayOut(double headerRoom) const
+    {
+        PanelLayout layout;
+        layout.fHeaders = WrapHeaders(fGrid.fColumnHeaders, headerRoom, kNameLines);
+        layout.fBottomExtent = fAxisX && fAxisX->fTicks ? kLabelStrip : 0.0;
+        layout.fColumnSpacing = ColumnGap(fGrid);
+        layout.fRowSpacing = RowGap(fGrid, layout, fTitleX);
+        SettleHeight(layout);
+        SettleWidth(layout);
+        SlantLabels(layout);
+        PlaceRows(layout);
+        return layout;
+    }
 
-    const double stripY = titleY + layout.fLeftExtent;
-    const double left = GraphEdge(context, ENUM_part::Left).value_or(0.0) * width;
-    const double dataLeft = std::max(left, stripY);
-    const double dataRight = GraphEdge(context, ENUM_part::Right).value_or(1.0) * width -
-                             (mirrorsColumns ? stripY : 0.0);
-    const auto columns = static_cast<double>(grid.fColumns);
-    const double wanted =
-        (dataRight - dataLeft - layout.fColumnSpacing * (columns - 1.0)) / columns;
-    layout.fPlotWidth = std::min(kWidest, std::max(wanted, LeastWidth(grid, space)));
-    layout.fX = ScaleDirection(space.fX, layout.fPlotWidth, /*isUpright=*/false);
-    layout.fSlanted = NeedsSlant(layout);
-    if (layout.fSlanted && layout.fBottomExtent > 0.0) {
+private:
+    void SettleHeight(PanelLayout& layout) const
+    {
+        const auto edge = GraphEdge(fContext, ENUM_part::Bottom);
+        const double bottom = edge ? *edge * fHeight : fHeight - fTitleX - layout.fBottomExtent;
+        if (fGrid.fWraps) {
+            const double inner = bottom - fTop - HeaderHeight(layout.fHeaders);
+            layout.fPlotHeight = std::max(kLowestPlot, inner);
+        } else {
+            const double inner = bottom - fTop - layout.fRowSpacing * (fRows - 1.0);
+            layout.fPlotHeight = std::max(LeastHeight(fGrid), inner / fRows);
+        }
+        layout.fY = ScaleDirection(fSpace.fY, layout.fPlotHeight, /*isUpright=*/true);
+        const bool hasLabels = fAxisY && fAxisY->fTicks;
+        layout.fLeftExtent = hasLabels ? kTickGap + WidestLabel(layout.fY.fTicks) : 0.0;
+    }
+
+    void SettleWidth(PanelLayout& layout) const
+    {
+        const double strip = fTitleY + layout.fLeftExtent;
+        const double farStrip = fGrid.fAlternates && fGrid.fColumns > 1 ? strip : 0.0;
+        const double edge = GraphEdge(fContext, ENUM_part::Left).value_or(0.0) * fWidth;
+        const double left = std::max(edge, strip);
+        const double right =
+            GraphEdge(fContext, ENUM_part::Right).value_or(1.0) * fWidth - farStrip;
+        const double gaps = layout.fColumnSpacing * (fColumns - 1.0);
+        const double wanted = (right - left - gaps) / fColumns;
+        layout.fPlotWidth = std::min(kWidest, std::max(wanted, LeastWidth(fGrid, fSpace)));
+        layout.fX = ScaleDirection(fSpace.fX, layout.fPlotWidth, /*isUpright=*/false);
+        layout.fArea.fLeft = left;
+        layout.fArea.fRight = left + fColumns * layout.fPlotWidth + gaps;
+        // Places to the right of the area are percentages of a picture that grows with it.
+        const double grown = wanted > 0.0 ? fColumns * (layout.fPlotWidth - wanted) : 0.0;
+        layout.fPicture = {0.0, 0.0, fWidth + std::max(0.0, grown), fHeight};
+    }
+
+    static void SlantLabels(PanelLayout& layout)
+    {
+        layout.fSlanted = NeedsSlant(layout);
+        if (!layout.fSlanted || layout.fBottomExtent <= 0.0) return;
         layout.fBottomExtent = kTickGap + kSlantRise * WidestLabel(layout.fX.fTicks) + kTickGap;
     }
-    // Places to the right of the area are percentages of a picture that grows with it.
-    const double grown = wanted > 0.0 ? columns * (layout.fPlotWidth - wanted) : 0.0;
-    layout.fPicture = {0.0, 0.0, width + std::max(0.0, grown), height};
-    layout.fArea.fLeft = dataLeft;
-    const double taller = mirrorsRows ? titleX + layout.fBottomExtent - stripX : 0.0;
-    layout.fArea.fTop = std::max(top, above + taller);
-    layout.fArea.fRight =
-        dataLeft + columns * layout.fPlotWidth + (columns - 1.0) * layout.fColumnSpacing;
-    layout.fArea.fBottom =
-        layout.fArea.fTop + rows * layout.fPlotHeight + (rows - 1.0) * layout.fRowSpacing;
-    return layout;
-}
+
+    void PlaceRows(PanelLayout& layout) const
+    {
+        const bool hasAxisAbove = fGrid.fAlternates && fGrid.fRows > 1;
+        const double above = HeaderHeight(layout.fHeaders) +
+                             (hasAxisAbove ? fTitleX + layout.fBottomExtent : 0.0) +
+                             (HasFrameOnTop(fContext) ? kTitleStrip : 0.0);
+        layout.fArea.fTop = std::max(fTop, above);
+        layout.fArea.fBottom =
+            layout.fArea.fTop + fRows * layout.fPlotHeight + (fRows - 1.0) * layout.fRowSpacing;
+    }
+
+    const ChartContext& fContext;
+    const PanelGrid& fGrid;
+    const PlotSpace& fSpace;
+    const tree::Axis* fAxisX;  // null where nothing of it shows
+    const tree::Axis* fAxisY;
+    double fTitleX;  // strips that the axes' titles take
+    double fTitleY;
+    double fWidth;  // of the picture, before it grows
+    double fHeight;
+    double fTop;  // of the area by the template, without what stands above it
+    double fRows;
+    double fColumns;
+};
 
 }  // namespace
 
 PanelLayout LayOutPanels(const ChartContext& context, const PanelGrid& grid, const PlotSpace& space)
 {
     // Headers are wrapped to the plots' width; their lines then take from the plots' height.
-    PanelLayout layout = LayOut(context, grid, space, 2 * kLabelLimit);
+    const LayoutSteps steps(context, grid, space);
+    PanelLayout layout = steps.LayOut(2 * kLabelLimit);
     if (!grid.fColumnHeaders.empty()) {
-        const double room = layout.fPlotWidth + layout.fColumnSpacing - kLabelAir;
-        layout = LayOut(context, grid, space, room);
+        layout = steps.LayOut(layout.fPlotWidth + layout.fColumnSpacing - kLabelAir);
     }
     layout.fSideHeaders = WrapHeaders(
         grid.fRowHeaders, grid.fAlternates ? kSideHeaderRoom : layout.fPlotHeight - kLabelAir / 2,

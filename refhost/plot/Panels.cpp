@@ -17,7 +17,8 @@ struct FacetValues {
     CategoryList fCategories;
     std::vector<PanelHeader> fHeaders;
 
-    std::size_t Count() const { return fVariable ? fCategories.Count() : 1; }
+    /// Of the grid along its direction: at least one.
+    std::size_t Places() const { return std::max<std::size_t>(1, fCategories.Count()); }
 };
 
 PanelHeader HeaderOf(const ChartContext& context, const FacetValues& facet,
@@ -91,6 +92,47 @@ std::size_t RowCount(const ChartContext& context)
     return rows;
 }
 
+/// Row by row, with their places and names.
+std::vector<Panel> EmptyPanels(const FacetValues& rows, const FacetValues& columns)
+{
+    std::vector<Panel> panels(rows.Places() * columns.Places());
+    for (std::size_t place = 0; place < panels.size(); ++place) {
+        const std::size_t row = place / columns.Places(), column = place % columns.Places();
+        panels[place].fRow = static_cast<int>(row);
+        panels[place].fColumn = static_cast<int>(column);
+        std::vector<std::string>& name = panels[place].fName;
+        if (row < rows.fCategories.Count()) name.push_back(rows.fCategories.All()[row].fLabel);
+        if (column < columns.fCategories.Count()) {
+            name.push_back(columns.fCategories.All()[column].fLabel);
+        }
+    }
+    return panels;
+}
+
+/// Every row of the data goes to the panel of its facets' values; without a place, to none.
+void DealRows(std::size_t count, const FacetValues& rows, const FacetValues& columns,
+              std::vector<Panel>& panels)
+{
+    for (std::size_t row = 0; row < count; ++row) {
+        const auto inRow = PlaceOf(rows, row);
+        const auto inColumn = PlaceOf(columns, row);
+        if (!inRow || !inColumn) continue;
+        panels[*inRow * columns.Places() + *inColumn].fRows.push_back(row);
+    }
+}
+
+/// One row of plots goes on below, in rows of about the same length.
+void Wrap(PanelGrid& grid)
+{
+    grid.fWraps = true;
+    grid.fRows = (grid.fColumns + kWrapAt - 1) / kWrapAt;
+    grid.fColumns = (grid.fColumns + grid.fRows - 1) / grid.fRows;
+    for (std::size_t place = 0; place < grid.fPanels.size(); ++place) {
+        grid.fPanels[place].fRow = static_cast<int>(place) / grid.fColumns;
+        grid.fPanels[place].fColumn = static_cast<int>(place) % grid.fColumns;
+    }
+}
+
 }  // namespace
 
 std::optional<std::size_t> PanelGrid::HeaderOf(const Panel& panel) const
@@ -114,47 +156,21 @@ PanelGrid MakePanels(ChartContext& context)
     const std::size_t most = isGrid ? kMostOfGrid : kMostOfRow;
     FacetValues rows = ReadFacet(context, tree::Facet::Direction::Rows, most);
     FacetValues columns = ReadFacet(context, tree::Facet::Direction::Columns, most);
-    const std::size_t columnCount = std::max<std::size_t>(1, columns.Count());
-    const std::size_t rowCount = std::max<std::size_t>(1, rows.Count());
 
     PanelGrid grid;
     grid.fRowFacet = rows.fFacet;
     grid.fColumnFacet = columns.fFacet;
-    grid.fPanels.resize(rowCount * columnCount);
-    for (std::size_t place = 0; place < grid.fPanels.size(); ++place) {
-        Panel& panel = grid.fPanels[place];
-        const std::size_t row = place / columnCount, column = place % columnCount;
-        panel.fRow = static_cast<int>(row);
-        panel.fColumn = static_cast<int>(column);
-        if (row < rows.fCategories.Count()) {
-            panel.fName.push_back(rows.fCategories.All()[row].fLabel);
-        }
-        if (column < columns.fCategories.Count()) {
-            panel.fName.push_back(columns.fCategories.All()[column].fLabel);
-        }
-    }
-    for (std::size_t row = 0, count = RowCount(context); row < count; ++row) {
-        const auto inRow = PlaceOf(rows, row);
-        const auto inColumn = PlaceOf(columns, row);
-        if (inRow && inColumn) grid.fPanels[*inRow * columnCount + *inColumn].fRows.push_back(row);
-    }
+    grid.fRows = static_cast<int>(rows.Places());
+    grid.fColumns = static_cast<int>(columns.Places());
+    grid.fAlternates = context.fGraph.fFacetLayout && context.fGraph.fFacetLayout->fAlternating;
+    grid.fPanels = EmptyPanels(rows, columns);
+    DealRows(RowCount(context), rows, columns, grid.fPanels);
     for (const FacetValues* facet : {&rows, &columns}) {
         if (facet->fFacet) grid.fNames.push_back(NameOf(*facet));
     }
     grid.fRowHeaders = std::move(rows.fHeaders);
     grid.fColumnHeaders = std::move(columns.fHeaders);
-    grid.fRows = static_cast<int>(rowCount);
-    grid.fColumns = static_cast<int>(columnCount);
-    grid.fAlternates = context.fGraph.fFacetLayout && context.fGraph.fFacetLayout->fAlternating;
-    if (rowCount == 1 && grid.fColumns > kWrapAt) {
-        grid.fWraps = true;
-        grid.fRows = (grid.fColumns + kWrapAt - 1) / kWrapAt;
-        grid.fColumns = (grid.fColumns + grid.fRows - 1) / grid.fRows;
-        for (std::size_t place = 0; place < grid.fPanels.size(); ++place) {
-            grid.fPanels[place].fRow = static_cast<int>(place) / grid.fColumns;
-            grid.fPanels[place].fColumn = static_cast<int>(place) % grid.fColumns;
-        }
-    }
+    if (grid.fRows == 1 && grid.fColumns > kWrapAt) Wrap(grid);
     return grid;
 }
 
