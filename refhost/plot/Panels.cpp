@@ -113,11 +113,12 @@ std::vector<Panel> EmptyPanels(const FacetValues& rows, const FacetValues& colum
 void DealRows(std::size_t count, const FacetValues& rows, const FacetValues& columns,
               std::vector<Panel>& panels)
 {
+    const std::size_t width = columns.Places();
     for (std::size_t row = 0; row < count; ++row) {
         const auto inRow = PlaceOf(rows, row);
         const auto inColumn = PlaceOf(columns, row);
         if (!inRow || !inColumn) continue;
-        panels[*inRow * columns.Places() + *inColumn].fRows.push_back(row);
+        panels[*inRow * width + *inColumn].fRows.push_back(row);
     }
 }
 

@@ -60,12 +60,16 @@ ScaleKind KindOf(const tree::DimensionSpec* spec, const DataVariable* variable)
     return variable->IsDate() ? ScaleKind::Time : ScaleKind::Linear;
 }
 
-/// The first element that takes a variable along the dimension settles what the direction is.
-void Settle(ChartContext& context, tree::Dimension dimension, PlotDirection& direction)
+/// What the elements of a graph do along a direction.
+struct Use {
+    bool fHasBars = false;  // bars stand on it
+    bool fBinned = false;
+};
+
+/// The variable is that of the first element that takes one along the dimension.
+Use TakeElements(const ChartContext& context, tree::Dimension dimension, PlotDirection& direction)
 {
-    const tree::DimensionSpec* spec = FindSpec(context.fGraph, dimension);
-    const tree::Element* standing = nullptr;
-    bool binned = false;
+    Use use;
     for (const tree::Element& element : context.fGraph.fElements) {
         const auto& position = PositionOf(element, dimension);
         const DataVariable* variable = VariableAt(context, position);
@@ -75,33 +79,47 @@ void Settle(ChartContext& context, tree::Dimension dimension, PlotDirection& dir
             direction.fCounts = true;
             direction.fAir |= !element.fLabelings.empty();
         }
-        if (isBar && element.fExtent != dimension && !standing) standing = &element;
-        binned |= position->fBinned;
+        use.fHasBars |= isBar && element.fExtent != dimension;
+        use.fBinned |= position->fBinned;
         if (!direction.fVariable) direction.fVariable = variable;
     }
+    return use;
+}
+
+/// Of bars that stand on numbers: bins around the numbers, or each bar on its own.
+void SettleBars(const ChartContext& context, bool binned, PlotDirection& direction)
+{
+    const std::vector<double> numbers = NumbersOf(*direction.fVariable);
+    direction.fTight = true;
+    if (!binned) {
+        direction.fBarWidth = BarWidth(numbers);
+        return;
+    }
+    const BinKind kind = direction.fKind == ScaleKind::Time ? BinKind::Date
+                         : HasPoissonCurve(context.fGraph)  ? BinKind::Whole
+                                                            : BinKind::Number;
+    direction.fBins = MakeBins(numbers, kind);
+    direction.fBarWidth = direction.fBins->fWidth;
+}
+
+PlotDirection MakeDirection(ChartContext& context, tree::Dimension dimension)
+{
+    PlotDirection direction;
+    const Use use = TakeElements(context, dimension, direction);
+    const tree::DimensionSpec* spec = FindSpec(context.fGraph, dimension);
     if (spec) direction.fMin = spec->fMin;
     if (spec) direction.fMax = spec->fMax;
     direction.fKind = direction.fCounts ? ScaleKind::Linear : KindOf(spec, direction.fVariable);
-    if (!direction.fVariable) return;
+    if (!direction.fVariable) return direction;
     if (direction.fKind == ScaleKind::Category) {
         direction.fCategories =
             CategoryList(*direction.fVariable, context.fTree.fOrders, kMostCategories);
         NoteCut(context.fNotes, context.fWords.fCutCategories, direction.fCategories.Count(),
                 direction.fCategories.Cut());
-        return;
+    } else if (use.fHasBars) {
+        SettleBars(context, use.fBinned, direction);
     }
-    if (!standing) return;
-    const std::vector<double> numbers = NumbersOf(*direction.fVariable);
-    direction.fTight = true;
-    if (binned) {
-        const BinKind kind = direction.fKind == ScaleKind::Time ? BinKind::Date
-                             : HasPoissonCurve(context.fGraph)  ? BinKind::Whole
-                                                                : BinKind::Number;
-        direction.fBins = MakeBins(numbers, kind);
-        direction.fBarWidth = direction.fBins->fWidth;
-    } else {
-        direction.fBarWidth = BarWidth(numbers);
-    }
+    return direction;
 }
 
 }  // namespace
@@ -124,10 +142,7 @@ std::string PlotDirection::PlaceText(const DataVariable& variable, double place)
 
 PlotSpace MakePlotSpace(ChartContext& context)
 {
-    PlotSpace space;
-    Settle(context, tree::Dimension::X, space.fX);
-    Settle(context, tree::Dimension::Y, space.fY);
-    return space;
+    return {MakeDirection(context, tree::Dimension::X), MakeDirection(context, tree::Dimension::Y)};
 }
 
 std::string AxisTitle(const ChartContext& context, tree::Dimension dimension,

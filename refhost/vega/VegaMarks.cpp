@@ -278,10 +278,9 @@ void WriteHeaderLines(JsonStream& json, const ResolvedPlot& plot, const PlotHead
     }
 }
 
-/// Turned, and so one text of one weight.
-void WriteTurnedHeader(JsonStream& json, const ResolvedPlot& plot, double strip)
+/// The header's lines as one text.
+void WriteTurnedRow(JsonStream& json, const PlotHeader& header)
 {
-    json.BeginObject();
     json.Key("data");
     json.BeginObject();
     json.Key("values");
@@ -289,14 +288,18 @@ void WriteTurnedHeader(JsonStream& json, const ResolvedPlot& plot, double strip)
     json.BeginObject();
     json.Key("text");
     json.BeginArray();
-    for (const std::string& line : plot.fSideHeader.fLines) {
+    for (const std::string& line : header.fLines) {
         if (!line.empty()) json.Value(std::string_view(line));
     }
     json.EndArray();
-    WriteWord(json, "tip", plot.fSideHeader.fPopup);
+    WriteWord(json, "tip", header.fPopup);
     json.EndObject();
     json.EndArray();
     json.EndObject();
+}
+
+void WriteTurnedMark(JsonStream& json)
+{
     json.Key("mark");
     json.BeginObject();
     json.Member("type", "text");
@@ -308,17 +311,25 @@ void WriteTurnedHeader(JsonStream& json, const ResolvedPlot& plot, double strip)
     json.Member("fontWeight", 600);
     WriteColorMember(json, "fill", {Paint::Ink, {}});
     json.EndObject();
+}
+
+/// Turned, and so one text of one weight.
+void WriteTurnedHeader(JsonStream& json, const ResolvedPlot& plot, double strip)
+{
+    const PlotHeader& header = plot.fSideHeader;
+    json.BeginObject();
+    WriteTurnedRow(json, header);
+    WriteTurnedMark(json);
     json.Key("encoding");
     json.BeginObject();
-    const auto& lines = plot.fSideHeader.fLines;
-    const auto count = std::count_if(lines.begin(), lines.end(),
+    const auto count = std::count_if(header.fLines.begin(), header.fLines.end(),
                                      [](const std::string& line) { return !line.empty(); });
     // Further lines stand right of the first.
     const double further = kHeaderLine * (std::max(1.0, static_cast<double>(count)) - 1.0);
     WritePixel(json, "x", -strip - further);
     WritePixel(json, "y", plot.fHeight / 2);
     WriteField(json, "text", "text", "nominal");
-    if (!plot.fSideHeader.fPopup.empty()) WriteField(json, "tooltip", "tip", "nominal");
+    if (!header.fPopup.empty()) WriteField(json, "tooltip", "tip", "nominal");
     json.EndObject();
     json.EndObject();
 }
