@@ -63,18 +63,56 @@ std::vector<double> WholeNumbers(double low, double end)
     return numbers;
 }
 
+double SumOver(double mean, const std::vector<double>& counts)
+{
+    double sum = 0.0;
+    for (const double count : counts) {
+        sum += PoissonProbability(mean, count);
+    }
+    return sum;
+}
+
+/// The probability of less than `count`, which is the regularized incomplete gamma function
+/// Q(count, mean), by Temme's uniform expansion (Digital Library of Mathematical Functions, 8.12):
+/// two of its terms are exact to 1e-9 for counts from `kMostWholeNumbers` on.
+double ManyBelow(double mean, double count)
+{
+    constexpr double kNothingLeft = 700.0;  // of a double after exp(-700)
+    const double away = mean / count - 1.0;
+    const double half = away - std::log1p(away);
+    if (!(count * half < kNothingLeft)) return away < 0.0 ? 1.0 : 0.0;
+    const double eta = std::copysign(std::sqrt(2.0 * half), away);
+    const double first =
+        -1.0 / 3 + eta * (1.0 / 12 - eta * (2.0 / 135 - eta * (1.0 / 864 + eta / 2835)));
+    const double second = -1.0 / 540 - eta * (1.0 / 288 - eta / 378);
+    return std::erfc(eta * std::sqrt(count / 2)) / 2 +
+           std::exp(-count * half) / std::sqrt(2.0 * std::numbers::pi * count) *
+               (first + second / count);
+}
+
+double ProbabilityBelow(double mean, double count)
+{
+    if (count > kMostWholeNumbers) return ManyBelow(mean, count);
+    return SumOver(mean, WholeNumbers(0.0, count));
+}
+
+/// Of the whole numbers from `low` on and below `end`.
+double BinProbability(double mean, double low, double end)
+{
+    if (end - low <= kMostWholeNumbers) return SumOver(mean, WholeNumbers(low, end));
+    const double above = ProbabilityBelow(mean, std::ceil(low));
+    return std::max(0.0, ProbabilityBelow(mean, std::ceil(end)) - above);
+}
+
 std::vector<CurvePoint> PoissonPoints(const CurveShape& shape, double low, double high,
                                       double scale, const std::optional<Bins>& bins)
 {
     std::vector<CurvePoint> points;
     if (bins && bins->fWidth > 1.0) {
         for (std::size_t bin = 0; bin < bins->fCount; ++bin) {
-            double probability = 0.0;
-            for (const double k : WholeNumbers(bins->Edge(bin), bins->Edge(bin + 1))) {
-                probability += PoissonProbability(shape.fParameter, k);
-            }
-            const double middle = (bins->Edge(bin) + bins->Edge(bin + 1)) / 2;
-            points.push_back({middle, probability * scale / bins->fWidth});
+            const double from = bins->Edge(bin), to = bins->Edge(bin + 1);
+            const double probability = BinProbability(shape.fParameter, from, to);
+            points.push_back({(from + to) / 2, probability * scale / bins->fWidth});
         }
         return points;
     }

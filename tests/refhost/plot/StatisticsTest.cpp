@@ -121,12 +121,21 @@ TEST(CurvePoints, OfPoissonStandAtWholeNumbersAndSumToTheRows)
     EXPECT_NEAR(sum, 200.0, 1e-6);
     EXPECT_NEAR(points.front().fY, 200.0 * std::exp(-3.25), 1e-9);
 
-    const auto wide = CurvePoints(shape, -0.5, 29.5, 200.0 * 5, Bins{-0.5, 5.0, 6});
-    double area = 0;
-    for (const CurvePoint& point : wide) {
-        area += point.fY;
+    struct WideRow {
+        double mean, width;
+        std::size_t bin;
+        double probability;  // summed with fifty digits
+    };
+    for (const WideRow& row :
+         {WideRow{3.25, 5, 0, 0.771653436557}, WideRow{900.25, 500, 1, 0.999433405725},
+          WideRow{5000, 500, 10, 0.501880634033}, WideRow{3, 1e12, 0, 1}}) {
+        SCOPED_TRACE(row.mean);
+        const CurveShape other{tree::Distribution::Poisson, row.mean, 0};
+        const Bins bins{-0.5, row.width, 12};
+        const auto wide = CurvePoints(other, bins.fStart, bins.Edge(12), row.width, bins);
+        EXPECT_NEAR(wide[row.bin].fY, row.probability, 1e-9)
+            << "a bin of several counts has the sum of them";
     }
-    EXPECT_NEAR(area, 200.0, 1e-6) << "a bin of several counts has the sum of them";
     EXPECT_LE(CurvePoints(shape, 9007199254740992, 9007199254741010, 1.0, std::nullopt).size(), 1u)
         << "beyond it a double and one more are the same";
 }
