@@ -185,11 +185,23 @@ bool ShowsAxis(const PanelGrid& grid, const Panel& panel, tree::Dimension dimens
     return panel.fRow == grid.fRows - 1 || (grid.fAlternates && isFirst);
 }
 
-void AddAxis(const ChartContext& context, const PanelGrid& grid, const Panel& panel,
-             tree::Dimension dimension, const PlotSpace& space, const PanelLayout& layout,
-             ResolvedPlot& plot)
+/// Where titles of such a length would run into each other, one of several plots bears it.
+bool BearsTitle(const PanelGrid& grid, const PanelLayout& layout, const Panel& panel,
+                tree::Dimension dimension, double length)
 {
-    const tree::Axis* axis = NearAxis(context, dimension);
+    if (dimension == tree::Dimension::X) {
+        const bool isLong = length > layout.fPlotWidth + layout.fColumnSpacing;
+        return grid.fColumns <= 2 || panel.fColumn == 0 || !isLong;
+    }
+    const bool isLong = length > layout.fPlotHeight || grid.fRows >= kMany;
+    return grid.fRows <= 2 || panel.fRow == grid.fRows / 2 || !isLong;
+}
+
+void AddAxis(const PanelSet& set, const PanelLayout& layout, const Panel& panel,
+             tree::Dimension dimension, ResolvedPlot& plot)
+{
+    const PanelGrid& grid = set.fGrid;
+    const tree::Axis* axis = NearAxis(set.fContext, dimension);
     if (!axis) return;
     const bool isUpright = dimension == tree::Dimension::Y;
     const bool shows = ShowsAxis(grid, panel, dimension);
@@ -197,18 +209,11 @@ void AddAxis(const ChartContext& context, const PanelGrid& grid, const Panel& pa
     ResolvedAxis resolved;
     resolved.fSide = SideOf(grid, panel, dimension);
     const bool isFar = resolved.fSide == AxisSide::Right || resolved.fSide == AxisSide::Top;
-    const tree::Axis* far = FindAxis(context, dimension, tree::AxisPlace::Far);
+    const tree::Axis* far = FindAxis(set.fContext, dimension, tree::AxisPlace::Far);
     const tree::Axis& titled = isFar && far ? *far : *axis;
-    if (shows) resolved.fTitle = TitleOf(titled, space.Of(dimension));
-    if (!isUpright && grid.fColumns > 2 && panel.fColumn > 0 &&
-        TextBlockWidth(resolved.fTitle, kHeaderFont) > layout.fPlotWidth + layout.fColumnSpacing) {
-        resolved.fTitle.clear();
-    }
-    const bool isLong = TextBlockWidth(resolved.fTitle, kHeaderFont) > layout.fPlotHeight;
-    if (isUpright && grid.fRows > 2 && panel.fRow != grid.fRows / 2 &&
-        (isLong || grid.fRows >= kMany)) {
-        resolved.fTitle.clear();
-    }
+    if (shows) resolved.fTitle = TitleOf(titled, set.fSpace.Of(dimension));
+    const double length = TextBlockWidth(resolved.fTitle, kHeaderFont);
+    if (!BearsTitle(grid, layout, panel, dimension, length)) resolved.fTitle.clear();
     resolved.fTicks = isUpright ? layout.fY.fTicks : layout.fX.fTicks;
     resolved.fGrid = axis->fGrid;
     resolved.fLabels = shows && axis->fTicks;
@@ -220,11 +225,11 @@ void AddAxis(const ChartContext& context, const PanelGrid& grid, const Panel& pa
 }
 
 /// On one side of the common border the axis across it runs backwards.
-void Mirror(const ChartContext& context, const PanelGrid& grid, const Panel& panel,
-            ResolvedPlot& plot)
+void Mirror(const PanelSet& set, const Panel& panel, ResolvedPlot& plot)
 {
+    const PanelGrid& grid = set.fGrid;
     if (!grid.fAlternates) return;
-    const bool invert = context.fGraph.fFacetLayout->fInvert;
+    const bool invert = set.fContext.fGraph.fFacetLayout->fInvert;
     if (grid.fColumns > 1) plot.fX.fReversed = (panel.fColumn % 2 == 0) != invert;
     if (grid.fRows > 1) plot.fY.fReversed = (panel.fRow % 2 == 1) != invert;
 }
@@ -233,19 +238,19 @@ void Mirror(const ChartContext& context, const PanelGrid& grid, const Panel& pan
 /// these what is left of the width, and that whether the labels below have room to lie.
 class LayoutSteps {
 public:
-    LayoutSteps(const ChartContext& context, const PanelGrid& grid, const PlotSpace& space)
-        : fContext(context),
-          fGrid(grid),
-          fSpace(space),
-          fAxisX(NearAxis(context, tree::Dimension::X)),
-          fAxisY(NearAxis(context, tree::Dimension::Y)),
-          fTitleX(TitleStrip(fAxisX, space.fX)),
-          fTitleY(TitleStrip(fAxisY, space.fY)),
-          fWidth(Size(context.fDrawing.fWidth, kUsualWidth)),
-          fHeight(Size(context.fDrawing.fHeight, kUsualHeight)),
-          fTop(GraphEdge(context, ENUM_part::Top).value_or(0.0) * fHeight),
-          fRows(static_cast<double>(grid.fRows)),
-          fColumns(static_cast<double>(grid.fColumns))
+    explicit LayoutSteps(const PanelSet& set)
+        : fContext(set.fContext),
+          fGrid(set.fGrid),
+          fSpace(set.fSpace),
+          fAxisX(NearAxis(fContext, tree::Dimension::X)),
+          fAxisY(NearAxis(fContext, tree::Dimension::Y)),
+          fTitleX(TitleStrip(fAxisX, fSpace.fX)),
+          fTitleY(TitleStrip(fAxisY, fSpace.fY)),
+          fWidth(Size(fContext.fDrawing.fWidth, kUsualWidth)),
+          fHeight(Size(fContext.fDrawing.fHeight, kUsualHeight)),
+          fTop(GraphEdge(fContext, ENUM_part::Top).value_or(0.0) * fHeight),
+          fRows(static_cast<double>(fGrid.fRows)),
+          fColumns(static_cast<double>(fGrid.fColumns))
     {
     }
 
@@ -334,10 +339,11 @@ private:
 
 }  // namespace
 
-PanelLayout LayOutPanels(const ChartContext& context, const PanelGrid& grid, const PlotSpace& space)
+PanelLayout LayOutPanels(const PanelSet& set)
 {
+    const PanelGrid& grid = set.fGrid;
     // Headers are wrapped to the plots' width; their lines then take from the plots' height.
-    const LayoutSteps steps(context, grid, space);
+    const LayoutSteps steps(set);
     PanelLayout layout = steps.LayOut(2 * kLabelLimit);
     if (!grid.fColumnHeaders.empty()) {
         layout = steps.LayOut(layout.fPlotWidth + layout.fColumnSpacing - kLabelAir);
@@ -348,9 +354,9 @@ PanelLayout LayOutPanels(const ChartContext& context, const PanelGrid& grid, con
     return layout;
 }
 
-ResolvedPlot MakePlot(const ChartContext& context, const PanelGrid& grid, const Panel& panel,
-                      const PlotSpace& space, const PanelLayout& layout)
+ResolvedPlot MakePlot(const PanelSet& set, const PanelLayout& layout, const Panel& panel)
 {
+    const PanelGrid& grid = set.fGrid;
     ResolvedPlot plot;
     plot.fRow = panel.fRow;
     plot.fColumn = panel.fColumn;
@@ -359,9 +365,9 @@ ResolvedPlot MakePlot(const ChartContext& context, const PanelGrid& grid, const 
     plot.fFramed = grid.fRowFacet && grid.fColumnFacet;
     plot.fX = layout.fX.fScale;
     plot.fY = layout.fY.fScale;
-    Mirror(context, grid, panel, plot);
-    AddAxis(context, grid, panel, tree::Dimension::X, space, layout, plot);
-    AddAxis(context, grid, panel, tree::Dimension::Y, space, layout, plot);
+    Mirror(set, panel, plot);
+    AddAxis(set, layout, panel, tree::Dimension::X, plot);
+    AddAxis(set, layout, panel, tree::Dimension::Y, plot);
     if (const auto header = grid.HeaderOf(panel)) plot.fHeader = layout.fHeaders[*header];
     if (const auto header = grid.SideHeaderOf(panel)) {
         plot.fSideHeader = layout.fSideHeaders[*header];

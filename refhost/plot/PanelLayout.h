@@ -10,6 +10,13 @@
 
 namespace refhost {
 
+/// What all plots of panels are made from. It borrows.
+struct PanelSet {
+    const ChartContext& fContext;
+    const PanelGrid& fGrid;
+    const PlotSpace& fSpace;
+};
+
 /// Sizes, scales and axes of all plots, worked out together: labels decide how much room is left
 /// for the data area, and its size how many labels there are.
 struct PanelLayout {
@@ -28,11 +35,9 @@ struct PanelLayout {
     double fBottomExtent = 0.0;  ///< of the labels of the bottom axis
 };
 
-PanelLayout LayOutPanels(const ChartContext& context, const PanelGrid& grid,
-                         const PlotSpace& space);
+PanelLayout LayOutPanels(const PanelSet& set);
 
 /// The scales, axes and headers of a panel's plot; its marks are not in it yet.
-ResolvedPlot MakePlot(const ChartContext& context, const PanelGrid& grid, const Panel& panel,
-                      const PlotSpace& space, const PanelLayout& layout);
+ResolvedPlot MakePlot(const PanelSet& set, const PanelLayout& layout, const Panel& panel);
 
 }  // namespace refhost

@@ -196,9 +196,10 @@ bool ResolvePanels(ChartContext& context, ResolvedChart& chart)
     });
     if (isEmpty) return false;
 
-    const PanelLayout layout = LayOutPanels(context, grid, space);
+    const PanelSet set{context, grid, space};
+    const PanelLayout layout = LayOutPanels(set);
     for (std::size_t place = 0; place < grid.fPanels.size(); ++place) {
-        ResolvedPlot plot = MakePlot(context, grid, grid.fPanels[place], space, layout);
+        ResolvedPlot plot = MakePlot(set, layout, grid.fPanels[place]);
         plot.fLayers = std::move(drawn[place].fLayers);
         AddGuides(context, guides, plot);
         AddCaption(drawn[place].fCaption, grid.fPanels.size() >= kManyPlots, plot);
