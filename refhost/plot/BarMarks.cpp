@@ -49,24 +49,18 @@ public:
 
     bool IsComplete() const { return fBase && fValue; }
 
+    /// By place and series; rows of one bar are summed where the element says so.
     std::vector<Bar> Read(const Panel& panel, bool& isCut) const
     {
         isCut = false;
         std::vector<Bar> bars;
         std::map<std::pair<double, std::size_t>, std::size_t> sums;
         for (const std::size_t row : panel.fRows) {
-            auto place = fStanding.Place(*fBase, row);
-            const auto value = fValue->Number(row);
-            if (!place || !value || !std::isfinite(*value / fScaling)) continue;
-            if (fStanding.fBins) {
-                const std::size_t bin = fStanding.fBins->Find(*place);
-                if (bin >= fStanding.fBins->fCount) continue;
-                place = (fStanding.fBins->Edge(bin) + fStanding.fBins->Edge(bin + 1)) / 2;
-            }
-            const Bar bar{*place, SeriesAt(row), *value / fScaling, row};
-            const std::pair key(bar.fPlace, bar.fSeries);
+            const auto bar = BarOf(row);
+            if (!bar) continue;
+            const std::pair key(bar->fPlace, bar->fSeries);
             if (const auto at = fIsSum ? sums.find(key) : sums.end(); at != sums.end()) {
-                bars[at->second].fValue += bar.fValue;
+                bars[at->second].fValue += bar->fValue;
                 continue;
             }
             if (bars.size() == kMostMarks) {
@@ -74,7 +68,7 @@ public:
                 continue;
             }
             if (fIsSum) sums.emplace(key, bars.size());
-            bars.push_back(bar);
+            bars.push_back(*bar);
         }
         std::stable_sort(bars.begin(), bars.end(), [](const Bar& a, const Bar& b) {
             return std::pair(a.fPlace, a.fSeries) < std::pair(b.fPlace, b.fSeries);
@@ -97,6 +91,23 @@ public:
     bool fIsSum = false;
 
 private:
+    std::optional<Bar> BarOf(std::size_t row) const
+    {
+        auto place = fStanding.Place(*fBase, row);
+        const auto value = fValue->Number(row);
+        if (!place || !value || !std::isfinite(*value / fScaling)) return std::nullopt;
+        if (fStanding.fBins) place = MiddleOfBin(*fStanding.fBins, *place);
+        if (!place) return std::nullopt;
+        return Bar{*place, SeriesAt(row), *value / fScaling, row};
+    }
+
+    static std::optional<double> MiddleOfBin(const Bins& bins, double number)
+    {
+        const std::size_t bin = bins.Find(number);
+        if (bin >= bins.fCount) return std::nullopt;
+        return (bins.Edge(bin) + bins.Edge(bin + 1)) / 2;
+    }
+
     std::size_t SeriesAt(std::size_t row) const
     {
         if (!fColorVariable) return 0;
@@ -276,7 +287,7 @@ private:
 
     void AddRect(const Bar& bar, const Span& footing, const Span& height, const BarTexts& texts)
     {
-        const auto& [x, y] = IsUpright() ? std::pair(footing, height) : std::pair(height, footing);
+        const auto [x, y] = IsUpright() ? std::pair(footing, height) : std::pair(height, footing);
         ResolvedMark mark;
         mark.fX = x.fFrom, mark.fX2 = x.fTo, mark.fY = y.fFrom, mark.fY2 = y.fTo;
         if (fReader.fStanding.fKind == ScaleKind::Category) {
