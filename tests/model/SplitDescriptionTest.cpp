@@ -9,12 +9,9 @@
 
 #include "host/framework/SplitResult.h"
 #include "host/pivot/BpCellText.h"
-#include "host/pivot/BpHeading.h"
 #include "host/pivot/BpPivotTable.h"
-#include "host/pivot/BpProcedure.h"
 
 #include "refhost/data/VariableData.h"
-#include "refhost/pivot/PivotProcedure.h"
 
 #include "support/CollectedOutput.h"
 
@@ -91,16 +88,15 @@ TEST(SplitText, TellsVariablesAndValues)
 
 TEST(SplitHeading, TellsTheSplitOnlyWhereAHeadingIsAskedFor)
 {
-    const CollectedOutput output;
-    const auto procedure = refhost::MakeProcedure(nullptr);
-    EXPECT_EQ(Split({0}, {OBS(1.0)}, false).fStats.SplitHeading(procedure.get()), nullptr);
-    EXPECT_EQ(Split({}, {}, true).fStats.SplitHeading(procedure.get()), nullptr);
+    CollectedOutput output;
+    EXPECT_EQ(Split({0}, {OBS(1.0)}, false).fStats.SplitHeading(&output.Procedure()), nullptr);
+    EXPECT_EQ(Split({}, {}, true).fStats.SplitHeading(&output.Procedure()), nullptr);
     EXPECT_EQ(Split({0}, {OBS(1.0)}, true).fStats.SplitHeading(nullptr), nullptr);
-    EXPECT_EQ(NOPROutputStats().SplitHeading(procedure.get()), nullptr);
+    EXPECT_EQ(NOPROutputStats().SplitHeading(&output.Procedure()), nullptr);
     EXPECT_THAT(output.Nodes(), IsEmpty());
 
     const Split split({0, 1}, {OBS(1.0), OBS(1.0)}, true);
-    EXPECT_NE(split.fStats.SplitHeading(procedure.get()), nullptr);
+    EXPECT_NE(split.fStats.SplitHeading(&output.Procedure()), nullptr);
     ASSERT_EQ(output.Nodes().size(), 1U);
     ASSERT_TRUE(output.Nodes()[0].IsHeading());
     EXPECT_EQ(output.Nodes()[0].fLabel->fShown, "Number = one, d = 1970-01-02");
@@ -108,14 +104,13 @@ TEST(SplitHeading, TellsTheSplitOnlyWhereAHeadingIsAskedFor)
 
 TEST(SplitDimensions, MakeOneRowDimensionForEachVariable)
 {
-    const CollectedOutput output;
-    const auto procedure = refhost::MakeProcedure(nullptr);
+    CollectedOutput output;
     {
         BpPivotTable table =
-            procedure->PivotTable(BpString("title", false), BpString("kind", false), false);
+            output.Procedure().PivotTable(BpString("title", false), BpString("kind", false), false);
         Split({0, 9}, {OBS(1.0)}, false).fStats.SplitDimensions(table);
     }
-    const auto& dimensions = output.All<refhost::TableNode>().at(0)->fDimensions;
+    const auto& dimensions = output.Table().fDimensions;
     ASSERT_EQ(dimensions.size(), 2U);
     EXPECT_EQ(dimensions[0].fTitle->fShown, "Number");
     EXPECT_EQ(dimensions[0].fSort, 0);

@@ -8,10 +8,10 @@ class Driver : public OutputTest {
 protected:
     std::string SubHeading(Test& test)
     {
-        OutputRecorder recorder(fSource.get());
-        NOPROutput output(&recorder.Procedure(), &recorder.Procedure(), fSource.get(), &fStats);
-        if (const auto text = output.TestSubHeading(test)) recorder.Procedure().Heading(*text);
-        return recorder.Outline();
+        CollectedOutput written(fSource.get());
+        NOPROutput output(&written.Procedure(), &written.Procedure(), fSource.get(), &fStats);
+        if (const auto text = output.TestSubHeading(test)) written.Procedure().Heading(*text);
+        return Outline(written);
     }
 
     static void AddError(Test& test, int code, const std::string& group = {})
@@ -25,11 +25,11 @@ protected:
 
 TEST_F(Driver, WritesNothingWithoutAResult)
 {
-    BpProcedure& procedure = fRecorder.Procedure();
+    BpProcedure& procedure = fOutput.Procedure();
     NOPROutput(&procedure, &procedure, fSource.get(), nullptr).Run();
     NOPROutputStats empty;
     NOPROutput(&procedure, &procedure, fSource.get(), &empty).Run();
-    EXPECT_EQ(fRecorder.Outline(), "");
+    EXPECT_EQ(Outline(fOutput), "");
 }
 
 TEST_F(Driver, WritesSummariesThenEachTestUnderItsHeadings)
@@ -44,7 +44,7 @@ TEST_F(Driver, WritesSummariesThenEachTestUnderItsHeadings)
     AddError(pairs, 222328, "0;1");
     pairs.fPairwise.fComparisonKind = comparison::kStepwise;
     Output().Run();
-    EXPECT_EQ(fRecorder.Outline(),
+    EXPECT_EQ(Outline(fOutput),
               "table @Hypothesis Test Summary\n"
               "table @Confidence Interval Summary\n"
               "heading @One-Sample Chi-Square Test\n"

@@ -17,15 +17,15 @@ protected:
     {
         Test& test = Add(testKind, key, parameters);
         test.fValsNotInCategories = texts;
-        OutputRecorder recorder(fSource.get());
-        NOPROutput output(&recorder.Procedure(), &recorder.Procedure(), fSource.get(), &fStats);
+        CollectedOutput written(fSource.get());
+        NOPROutput output(&written.Procedure(), &written.Procedure(), fSource.get(), &fStats);
         {
             BpPivotTable table =
-                recorder.Procedure().PivotTable(BpString("T", false), BpString("T", false), false);
+                written.Procedure().PivotTable(BpString("T", false), BpString("T", false), false);
             BpDimension dimension = table.Dimension(BpString("D", false), Sort::AsCreated);
             output.NullHypothesisCell(dimension.Category(BpString("C", false)), test);
         }
-        return recorder.FirstCell();
+        return FirstCell(written);
     }
 };
 
@@ -183,10 +183,10 @@ TEST_F(NullHypothesis, ScalesTheStandardDeviationOfDays)
         Test* test = stats.CreateTest(sample::kOne, 6, 0);
         test->fCondition.fConditionKey = "NormalDistribution_O_KolmogorovSmirnov_3";
         test->fCondition.fParameters = {{0, {0}}, {1, {1}}, {2, {2}}};
-        OutputRecorder recorder(source.get());
-        NOPROutput(&recorder.Procedure(), &recorder.Procedure(), source.get(), &stats)
+        CollectedOutput written(source.get());
+        NOPROutput(&written.Procedure(), &written.Procedure(), source.get(), &stats)
             .HypothesisTestSummary();
-        const std::string cell = recorder.FirstCell();
+        const std::string cell = FirstCell(written);
         const std::vector<int> days = {20, 23, 24, 28, 29, 30, 38, 39};
         const bool scaled = std::ranges::count(days, type) > 0;
         EXPECT_TRUE(cell.ends_with(scaled ? "; 172800:StdDev)" : "; 2:StdDev)"))
@@ -221,8 +221,8 @@ TEST_F(NullHypothesis, TellsOfAParameterThatIsNotThere)
     output.AddValueIndices(sentence, condition, 0, 1, true);
     output.AddValueIndices(sentence, condition, 1, 0, true);
     sentence.Finish();
-    fRecorder.Procedure().Heading(sentence);
-    EXPECT_EQ(fRecorder.Outline(),
+    fOutput.Procedure().Heading(sentence);
+    EXPECT_EQ(Outline(fOutput),
               "heading 's'('Incorrect Parameter Index'; 'Incorrect Parameter Index'; 'Incorrect "
               "Parameter Index'; 'Incorrect Parameter Index')\n");
 }

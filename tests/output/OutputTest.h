@@ -19,7 +19,7 @@
 #include "refhost/data/VariableData.h"
 #include "refhost/framework/InvariantBroken.h"
 
-#include "support/OutputRecorder.h"
+#include "PassedTexts.h"
 
 /// A split with a few fields, whose records a test fills. Each field stands at the index of its
 /// constant; "gone" is a field of which the host has no variable.
@@ -96,7 +96,7 @@ protected:
 
     NOPROutput Output()
     {
-        BpProcedure& procedure = fRecorder.Procedure();
+        BpProcedure& procedure = fOutput.Procedure();
         return {&procedure, &procedure, fSource.get(), &fStats};
     }
 
@@ -114,5 +114,5 @@ protected:
 
     std::unique_ptr<ProcedureDataSource> fSource = MakeSource();
     NOPROutputStats fStats;
-    OutputRecorder fRecorder{fSource.get()};
+    CollectedOutput fOutput{fSource.get()};
 };

@@ -19,7 +19,7 @@ protected:
         test.fPairwise.fInfo.fRows = info;
         test.fPairwise.fContent.fRows = {{0, 1, 1, 2, 3, 4, 5}, {0, 2, 1, 2, 3, 4, 5}};
         test.fPairwise.fContent.fColumnNames.assign(columns, "");
-        return BrokenBy([&] { Output().PostHocTable(fRecorder.Procedure(), test, nullptr); });
+        return BrokenBy([&] { Output().PostHocTable(fOutput.Procedure(), test, nullptr); });
     }
 };
 

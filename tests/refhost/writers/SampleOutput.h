@@ -5,7 +5,7 @@
 #include "host/pivot/BpCellText.h"
 #include "host/pivot/BpPivotTable.h"
 
-#include "refhost/pivot/PivotRun.h"
+#include "support/CollectedOutput.h"
 
 /// Tables in the shapes that the procedures make, written through the pivot library.
 

@@ -4,28 +4,23 @@
 
 #include "refhost/writers/Footnotes.h"
 
+#include "support/Cases.h"
+#include "support/Nodes.h"
+
 namespace refhost {
 namespace {
 
-TextRef Plain(const std::string& shown)
-{
-    return std::make_shared<const Text>(Text{TextString{shown, false}, shown});
-}
+using namespace test;
 
-PivotItem Category(const std::string& label, std::vector<TextRef> notes = {})
+/// Its title doesn't show.
+PivotDimension Untitled(PivotPlace place, std::vector<PivotItem> items, int sort = 2,
+                        bool hidesLabels = false)
 {
-    return {false, Plain(label), std::move(notes), {}};
-}
-
-PivotItem Group(const std::string& label, std::vector<PivotItem> items)
-{
-    return {true, Plain(label), {}, std::move(items)};
-}
-
-PivotDimension Dimension(PivotPlace place, std::vector<PivotItem> items, int sort = 2,
-                         bool hidesTitle = true, bool hidesLabels = false)
-{
-    return {Plain("D"), sort, place, {hidesTitle, hidesLabels}, std::move(items)};
+    PivotDimension dimension = Dimension("D", place, std::move(items));
+    dimension.fSort = sort;
+    dimension.fFlags[0] = true;
+    dimension.fFlags[1] = hidesLabels;
+    return dimension;
 }
 
 /// "label@line+lines/level+levels" for each header.
@@ -43,65 +38,39 @@ std::string Headers(const std::vector<GridHeader>& headers)
 
 TEST(TableGrid, NestsHeadersAndLeavesOutWhatIsEmpty)
 {
-    const auto rows = PivotPlace::Rows;
-    struct Row {
-        std::vector<PivotDimension> dimensions;
-        std::vector<std::vector<std::uint32_t>> cells;
-        const char* headers;
-        const char* why;
+    const auto rows = [](std::vector<PivotItem> items) {
+        return Untitled(PivotPlace::Rows, std::move(items));
     };
-    const Row table[] = {
-        {{Dimension(rows, {Category("a"), Category("b"), Category("c")})},
-         {{2}, {0}},
-         "a@0+1/0+1 c@1+1/0+1",
-         "b has no cell"},
-        {{Dimension(rows, {Category("a"), Category("b", {Plain("n")})})},
-         {{0}},
-         "a@0+1/0+1 b@1+1/0+1",
-         "b has a note"},
-        {{Dimension(rows, {Group("g", {Category("a"), Category("b")}), Category("c")})},
-         {{0}, {1}, {2}},
-         "g@0+2/0+1 a@0+1/1+1 b@1+1/1+1 c@2+1/0+2",
-         "a group over its categories, a category over both levels"},
-        {{Dimension(rows, {Group("g", {Group("h", {Category("a")})}), Category("c")})},
-         {{1}},
-         "c@0+1/0+1",
-         "levels of what is left out"},
-        {{Dimension(rows, {Category("a"), Category("b")}),
-          Dimension(rows, {Category("x"), Category("y")})},
-         {{0, 0}, {0, 1}, {1, 1}},
-         "a@0+2/0+1 x@0+1/1+1 y@1+1/1+1 b@2+1/0+1 y@2+1/1+1",
-         "a label begins anew under another outer one"},
-        {{Dimension(rows, {Category("a"), Category("b")}), Dimension(rows, {Category("s")}, 0)},
-         {{0, 0}, {1, 0}},
-         "s@0+2/0+1 a@0+1/1+1 b@1+1/1+1",
-         "a split stands outside"},
-        {{Dimension(rows, {Category("a"), Category("b")}, 2, true, true)},
-         {{0}, {1}},
-         "",
-         "hidden labels"},
-        {{Dimension(rows, {Category("a"), Category("b", {Plain("n")})}, 2, true, true)},
-         {{0}},
-         "a@0+1/0+1 b@1+1/0+1",
-         "hidden labels show where one bears a note"},
-        {{Dimension(rows, {Category("a")})}, {{0, 0}, {7}}, "", "cells that stand nowhere"},
+    const auto hidden = [](std::vector<PivotItem> items) {
+        return Untitled(PivotPlace::Rows, std::move(items), 2, /*hidesLabels=*/true);
     };
-    for (const Row& row : table) {
-        SCOPED_TRACE(row.why);
+    // clang-format off
+    ExpectEach<std::tuple<std::vector<PivotDimension>, std::vector<std::vector<std::uint32_t>>>, std::string>({
+        {{{rows({Category("a"), Category("b"), Category("c")})}, {{2}, {0}}}, "a@0+1/0+1 c@1+1/0+1", "b has no cell"},
+        {{{rows({Category("a"), Category("b", {Words("n")})})}, {{0}}}, "a@0+1/0+1 b@1+1/0+1", "b has a note"},
+        {{{rows({Group("g", {Category("a"), Category("b")}), Category("c")})}, {{0}, {1}, {2}}}, "g@0+2/0+1 a@0+1/1+1 b@1+1/1+1 c@2+1/0+2", "a group over its categories, a category over both levels"},
+        {{{rows({Group("g", {Group("h", {Category("a")})}), Category("c")})}, {{1}}}, "c@0+1/0+1", "levels of what is left out"},
+        {{{rows({Category("a"), Category("b")}), rows({Category("x"), Category("y")})}, {{0, 0}, {0, 1}, {1, 1}}}, "a@0+2/0+1 x@0+1/1+1 y@1+1/1+1 b@2+1/0+1 y@2+1/1+1", "a label begins anew under another outer one"},
+        {{{rows({Category("a"), Category("b")}), Untitled(PivotPlace::Rows, {Category("s")}, 0)}, {{0, 0}, {1, 0}}}, "s@0+2/0+1 a@0+1/1+1 b@1+1/1+1", "a split stands outside"},
+        {{{hidden({Category("a"), Category("b")})}, {{0}, {1}}}, "", "hidden labels"},
+        {{{hidden({Category("a"), Category("b", {Words("n")})})}, {{0}}}, "a@0+1/0+1 b@1+1/0+1", "hidden labels show where one bears a note"},
+        {{{rows({Category("a")})}, {{0, 0}, {7}}}, "", "cells that stand nowhere"},
+    }, [](const auto& dimensions, const auto& cells) {
         TableNode node;
-        node.fDimensions = row.dimensions;
-        for (const auto& at : row.cells)
-            node.fCells.push_back({at, Plain("x"), {}});
-        EXPECT_EQ(Headers(TableGrid(node).Rows().fHeaders), row.headers);
-    }
+        node.fDimensions = dimensions;
+        for (const auto& at : cells)
+            node.fCells.push_back({at, Words("x"), {}});
+        return Headers(TableGrid(node).Rows().fHeaders);
+    });
+    // clang-format on
 }
 
 TEST(TableGrid, FindsCellsByRowAndColumn)
 {
     TableNode node;
-    node.fDimensions = {Dimension(PivotPlace::Columns, {Category("a"), Category("b")}, 2, false),
-                        Dimension(PivotPlace::Rows, {Category("r"), Category("s")}, 2, false)};
-    node.fCells = {{{1, 0}, Plain("br"), {}}, {{0, 0}, Plain("ar"), {}}, {{1, 1}, Plain("bs"), {}}};
+    node.fDimensions = {Dimension("D", PivotPlace::Columns, {Category("a"), Category("b")}),
+                        Dimension("D", PivotPlace::Rows, {Category("r"), Category("s")})};
+    node.fCells = {{{1, 0}, Words("br"), {}}, {{0, 0}, Words("ar"), {}}, {{1, 1}, Words("bs"), {}}};
     const TableGrid grid(node);
     ASSERT_EQ(grid.Rows().fLines, 2U);
     ASSERT_EQ(grid.Columns().fLines, 2U);
@@ -119,10 +88,10 @@ TEST(TableGrid, CrossesManyCategoriesByTheirCellsOnly)
     constexpr std::uint32_t kCategories = 20'000;
     std::vector<PivotItem> items(kCategories, Category("c"));
     TableNode node;
-    node.fDimensions = {Dimension(PivotPlace::Rows, items), Dimension(PivotPlace::Rows, items),
-                        Dimension(PivotPlace::Columns, items)};
+    node.fDimensions = {Untitled(PivotPlace::Rows, items), Untitled(PivotPlace::Rows, items),
+                        Untitled(PivotPlace::Columns, items)};
     for (std::uint32_t place = 0; place < kCategories; ++place)
-        node.fCells.push_back({{place, kCategories - 1 - place, place}, Plain("x"), {}});
+        node.fCells.push_back({{place, kCategories - 1 - place, place}, Words("x"), {}});
     const TableGrid grid(node);
     EXPECT_EQ(grid.Rows().fLines, kCategories);
     EXPECT_EQ(grid.Columns().fLines, kCategories);
@@ -131,23 +100,18 @@ TEST(TableGrid, CrossesManyCategoriesByTheirCellsOnly)
 
 TEST(Footnotes, CountOnInLetters)
 {
-    struct Row {
-        std::size_t place;
-        const char* letter;
-    };
-    for (const Row& row :
-         {Row{0, "a"}, Row{25, "z"}, Row{26, "aa"}, Row{51, "az"}, Row{52, "ba"}, Row{702, "aaa"}})
-        EXPECT_EQ(FootnoteLetter(row.place), row.letter);
+    ExpectEach<std::size_t, std::string>(
+        {{0, "a"}, {25, "z"}, {26, "aa"}, {51, "az"}, {52, "ba"}, {702, "aaa"}}, FootnoteLetter);
 }
 
 TEST(Footnotes, AreLetteredInReadingOrder)
 {
     TableNode node;
     node.fDimensions = {
-        Dimension(PivotPlace::Rows, {Category("r", {Plain("of r")}), Category("s")}),
-        Dimension(PivotPlace::Columns, {Category("c"), Category("d", {Plain("of d")})})};
-    node.fCells = {{{1, 0}, nullptr, {Plain("last"), Plain("of d")}},
-                   {{0, 1}, Plain("x"), {Plain("shared"), Plain("of d"), Plain("shared")}}};
+        Untitled(PivotPlace::Rows, {Category("r", {Words("of r")}), Category("s")}),
+        Untitled(PivotPlace::Columns, {Category("c"), Category("d", {Words("of d")})})};
+    node.fCells = {{{1, 0}, nullptr, {Words("last"), Words("of d")}},
+                   {{0, 1}, Words("x"), {Words("shared"), Words("of d"), Words("shared")}}};
     const TableGrid grid(node);
     const Footnotes footnotes(grid);
     std::string texts;

@@ -34,7 +34,7 @@ std::size_t WidestLine(std::string_view text)
 
 TEST(TerminalTable, WrapsTextsAndKeepsNumbersInLine)
 {
-    PivotRun run;
+    CollectedOutput run;
     WriteHypothesisTable(run.Procedure());
     EXPECT_EQ(Drawn(run.Table(), 80), 1 + R"(
 Hypothesis Test Summary
@@ -57,7 +57,7 @@ b. Second note.
 
 TEST(TerminalTable, NestsRowHeadersUnderGroups)
 {
-    PivotRun run;
+    CollectedOutput run;
     WriteSubsetsTable(run.Procedure());
     EXPECT_EQ(Drawn(run.Table(), 100), 1 + R"(
 Homogeneous Subsets
@@ -78,7 +78,7 @@ a. Each cell shows the sample average rank.
 
 TEST(TerminalTable, NestsColumnHeadersUnderGroups)
 {
-    PivotRun run;
+    CollectedOutput run;
     WriteIntervalTable(run.Procedure());
     EXPECT_EQ(Drawn(run.Table(), 100), 1 + R"(
 Confidence Interval Summary
@@ -96,7 +96,7 @@ Confidence Interval Summary
 
 TEST(TerminalTable, StaysWithinTheTerminal)
 {
-    PivotRun run;
+    CollectedOutput run;
     WriteHypothesisTable(run.Procedure());
     WriteSubsetsTable(run.Procedure());
     WriteIntervalTable(run.Procedure());
@@ -111,7 +111,7 @@ TEST(TerminalTable, StaysWithinTheTerminal)
 
 TEST(TerminalTable, ContinuesInAFurtherBoxWhatIsTooWide)
 {
-    PivotRun run;
+    CollectedOutput run;
     {
         BpPivotTable table = run.Procedure().PivotTable(Literal("Wide"), Literal("w"), false);
         BpDimension rows = table.Dimension(Literal("Rows"), Sort::AsCreated);

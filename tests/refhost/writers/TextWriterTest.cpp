@@ -10,12 +10,14 @@
 
 #include "refhost/writers/SampleOutput.h"
 
+#include "support/Cases.h"
+
 namespace refhost {
 namespace {
 
 TEST(TextWriter, WritesARunForAMail)
 {
-    PivotRun run;
+    CollectedOutput run;
     BpError("A name is not known.", BpErrorShow::Output, BpErrorLevel::Warning);
     {
         BpHeading heading = run.Procedure().Heading(Literal("Tooth length"));
@@ -81,23 +83,15 @@ Stopped in the second split.
 TEST(NoticeLines, TellWhyAnOutputIsNotComplete)
 {
     const std::string early = "This report is not complete. The run ended early:";
-    struct Row {
-        RunEnd end;
-        std::vector<std::string> lines;
-        const char* why;
-    };
-    for (const Row& row : {
-             Row{{true, "", ""}, {}, "a complete run"},
-             Row{{false, "fields != 0", ""}, {early, "fields != 0"}, "a broken invariant"},
-             Row{{true, "", "Stopped."}, {early, "Stopped."}, "the run's own notice"},
-             Row{{false, "x", "Stopped."}, {early, "Stopped.", "x"}, "both"},
-             Row{{false, "", ""},
-                 {"This report is not complete: a result document could not be read."},
-                 "an unreadable document"},
-         }) {
-        SCOPED_TRACE(row.why);
-        EXPECT_EQ(NoticeLines(row.end, "en"), row.lines);
-    }
+    // clang-format off
+    ExpectEach<RunEnd, std::vector<std::string>>({
+        {{true, "", ""}, {}, "a complete run"},
+        {{false, "fields != 0", ""}, {early, "fields != 0"}, "a broken invariant"},
+        {{true, "", "Stopped."}, {early, "Stopped."}, "the run's own notice"},
+        {{false, "x", "Stopped."}, {early, "Stopped.", "x"}, "both"},
+        {{false, "", ""}, {"This report is not complete: a result document could not be read."}, "an unreadable document"},
+    }, [](const RunEnd& end) { return NoticeLines(end, "en"); });
+    // clang-format on
 }
 
 TEST(Writers, AreFoundByTheirFormat)

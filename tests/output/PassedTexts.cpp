@@ -1,11 +1,7 @@
-#include "support/OutputRecorder.h"
+#include "PassedTexts.h"
 
 #include <charconv>
 #include <limits>
-
-#include "refhost/pivot/PivotProcedure.h"
-
-#include "host/pivot/BpProcedure.h"
 
 namespace {
 
@@ -92,27 +88,15 @@ void AddOutline(const OutputTreeNode& node, const std::string& indent, std::stri
 
 }  // namespace
 
-OutputRecorder::OutputRecorder(const QORT_DataSource* source)
-    : fBuilder(fTree), fRun{&fBuilder, {}}, fScope(fRun), fProcedure(MakeProcedure(source))
-{
-}
-
-OutputRecorder::~OutputRecorder() = default;
-
-std::string OutputRecorder::Outline() const
+std::string Outline(const CollectedOutput& output)
 {
     std::string text;
-    for (const OutputTreeNode& node : fTree.fNodes)
+    for (const OutputTreeNode& node : output.Nodes())
         AddOutline(node, "", text);
     return text;
 }
 
-std::string OutputRecorder::FirstCell() const
+std::string FirstCell(const CollectedOutput& output)
 {
-    std::string text = "no table";
-    ForEachNode(fTree.fNodes, [&](const OutputTreeNode& node) {
-        const auto* table = node.As<TableNode>();
-        if (table && text == "no table") text = Passed(table->fCells.at(0).fContent);
-    });
-    return text;
+    return Passed(output.Table().fCells.at(0).fContent);
 }
