@@ -85,39 +85,16 @@ TEST(HtmlWriter, NestsHeadingsNoDeeperThanPagesHaveThem)
 
 TEST(HtmlWriter, TellsOfAnIncompleteRun)
 {
-    struct Row {
-        RunEnd end;
-        const char* expected;
-        const char* why;
-    };
-    for (const Row& row : {
-             Row{{true, "", ""}, nullptr, "a complete run"},
-             Row{{true, "", "Stopped <here>."}, "Stopped &lt;here&gt;.", "the run's own notice"},
-         }) {
-        SCOPED_TRACE(row.why);
-        const std::string report = Report({}, {}, row.end);
-        EXPECT_EQ(report.find("class=\"notice\"") != std::string::npos, row.expected != nullptr);
-        EXPECT_THAT(report, HasSubstr(row.expected ? row.expected : "</html>"));
-    }
+    EXPECT_THAT(Report({}), Not(HasSubstr("class=\"notice\"")));
+    EXPECT_THAT(Report({}, {}, {true, "", "Stopped <here>."}), HasSubstr("Stopped &lt;here&gt;."));
 }
 
-TEST(HtmlWriter, SpeaksTheLanguageOfTheOutput)
+TEST(HtmlWriter, SpeaksEnglishWhereItDoesNotKnowTheLanguage)
 {
-    struct Row {
-        const char* language;
-        const char* lang;
-        const char* word;
-    };
-    for (const Row& row :
-         {Row{"de", "lang=\"de\"", ">Gliederung<"}, Row{"en", "lang=\"en\"", ">Outline<"},
-          Row{"fr", "lang=\"fr\"", ">Outline<"}, Row{"", "lang=\"en\"", ">Outline<"}}) {
-        SCOPED_TRACE(row.language);
+    for (const char* language : {"fr", ""}) {
         RunStart start;
-        start.fLanguage = row.language;
-        const std::string report = Report({}, start);
-        EXPECT_THAT(report, HasSubstr(row.lang));
-        EXPECT_THAT(report, HasSubstr(row.word));
-        EXPECT_THAT(report, Not(HasSubstr("{{")));
+        start.fLanguage = language;
+        EXPECT_THAT(Report({}, start), HasSubstr(">Outline<")) << language;
     }
 }
 

@@ -7,6 +7,8 @@
 
 #include "refhost/writers/WellFormed.h"
 
+#include "support/Cases.h"
+
 namespace refhost {
 namespace {
 
@@ -51,28 +53,21 @@ TEST(ByteOutput, KeepsWhatIsTakenLater)
 
 TEST(WellFormed, ReplacesWhatIsNoCharacter)
 {
-    struct Row {
-        std::string text;
-        const char* sound;
-        const char* why;
-    };
-    const Row rows[] = {
+    // clang-format off
+    ExpectEach<std::string, std::string>({
         {"a\u00e9\u20ac\U0001F600", "a\u00e9\u20ac\U0001F600", "one to four bytes"},
-        {"a\xff"
-         "b",
-         "a\uFFFDb", "never a byte of UTF-8"},
+        {"a\xff" "b", "a\uFFFDb", "never a byte of UTF-8"},
         {"\x80", "\uFFFD", "a byte that only continues"},
         {"\xe2\x82", "\uFFFD", "cut off at the end"},
         {"\xe2\x82z", "\uFFFDz", "cut off by a letter"},
         {"\xc0\xaf", "\uFFFD\uFFFD", "overlong"},
         {"\xed\xa0\x80", "\uFFFD\uFFFD\uFFFD", "a surrogate"},
         {"\xf4\x90\x80\x80", "\uFFFD\uFFFD\uFFFD\uFFFD", "beyond Unicode"},
-    };
-    std::string scratch;
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.why);
-        EXPECT_EQ(WellFormed(row.text, scratch), row.sound);
-    }
+    }, [](const std::string& text) {
+        std::string scratch;
+        return std::string(WellFormed(text, scratch));
+    });
+    // clang-format on
 }
 
 }  // namespace

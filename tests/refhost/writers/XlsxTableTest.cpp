@@ -8,6 +8,7 @@
 
 #include "refhost/writers/XlsxBook.h"
 
+#include "support/Cases.h"
 #include "support/Nodes.h"
 
 namespace refhost {
@@ -94,41 +95,32 @@ TEST(XlsxTable, SaysWhatASheetHasNoRoomFor)
 
 TEST(XlsxTable, WidensColumnsByWhatAReaderSees)
 {
-    struct Row {
-        const char* label;
-        double width;
-        const char* why;
-    };
-    for (const Row& row :
-         {Row{"no", 9, "the narrowest"}, Row{"Größe, länger üblich", 22, "umlauts"},
-          Row{"一二三四五六", 14, "characters of two columns"}}) {
-        SCOPED_TRACE(row.why);
+    // clang-format off
+    ExpectEach<const char*, double>({
+        {"no", 9, "the narrowest"},
+        {"Größe, länger üblich", 22, "umlauts"},
+        {"一二三四五六", 14, "characters of two columns"},
+    }, [](const char* label) {
         XlsxBook book(testing::TempDir() + "table.xlsx", "the book");
         lxw_worksheet* sheet = book.AddSheet("Table");
-        WriteTableSheet(book, sheet, PlainTable("", {row.label}), "", "en");
-        EXPECT_EQ(sheet->col_options[0]->width, row.width);
-    }
+        WriteTableSheet(book, sheet, PlainTable("", {label}), "", "en");
+        return sheet->col_options[0]->width;
+    });
+    // clang-format on
 }
 
 TEST(XlsxBook, NamesSheetsAsLongAsANameMayBe)
 {
-    struct Row {
-        std::string title;
-        std::string name;
-        const char* why;
-    };
     XlsxBook book(testing::TempDir() + "table.xlsx", "the book");
     book.AddSheet("Outline");
-    for (const Row& row : {
-             Row{"One-Sample Kolmogorov-Smirnov Test", "1 One-Sample Kolmogorov-Smirnov",
-                 "letters"},
-             Row{"Größenverhältnisse über fünf Jahre", "2 Größenverhältnisse über fünf", "umlauts"},
-             Row{"𝔘𝔘𝔘𝔘𝔘𝔘𝔘𝔘𝔘𝔘𝔘𝔘𝔘𝔘𝔘", "3 𝔘𝔘𝔘𝔘𝔘𝔘𝔘𝔘𝔘𝔘𝔘𝔘𝔘𝔘", "each counts as two"},
-             Row{"a/b [c]\x01\xFF", "4 a b  c  \uFFFD", "what no name may hold"},
-         }) {
-        SCOPED_TRACE(row.why);
-        EXPECT_EQ(book.AddSheet(row.title)->name, row.name);
-    }
+    // clang-format off
+    ExpectEach<std::string, std::string>({
+        {"One-Sample Kolmogorov-Smirnov Test", "1 One-Sample Kolmogorov-Smirnov", "letters"},
+        {"Größenverhältnisse über fünf Jahre", "2 Größenverhältnisse über fünf", "umlauts"},
+        {"𝔘𝔘𝔘𝔘𝔘𝔘𝔘𝔘𝔘𝔘𝔘𝔘𝔘𝔘𝔘", "3 𝔘𝔘𝔘𝔘𝔘𝔘𝔘𝔘𝔘𝔘𝔘𝔘𝔘𝔘", "each counts as two"},
+        {"a/b [c]\x01\xFF", "4 a b  c  \uFFFD", "what no name may hold"},
+    }, [&book](const std::string& title) { return std::string(book.AddSheet(title)->name); });
+    // clang-format on
 }
 
 }  // namespace
