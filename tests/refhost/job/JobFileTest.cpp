@@ -11,6 +11,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "support/Cases.h"
+#include "support/DocumentBuilder.h"
+
 namespace refhost {
 
 namespace {
@@ -37,13 +40,7 @@ constexpr const char* kJob = R"({
   ]
 })";
 
-std::string Replaced(const char* part, const char* by)
-{
-    std::string text = kJob;
-    const std::size_t place = text.find(part);
-    EXPECT_NE(place, std::string::npos) << part;
-    return text.replace(place, std::string(part).size(), by);
-}
+std::string Replaced(const char* part, const char* by) { return ::Replaced(kJob, part, by); }
 
 Job JobOf(const std::string& text) { return ReadJobText(text, "job", "folder"); }
 
@@ -101,12 +98,8 @@ TEST(ReadJobText, ReadsEverythingThatAJobSays)
 
 TEST(ReadJobText, NamesTheKeyThatIsWrongAndWhy)
 {
-    struct Row {
-        std::string text;
-        const char* reason;
-    };
     // clang-format off
-    const Row rows[] = {
+    ExpectEach<std::string, std::string>({
         {"", "job: no JSON at line 1, column 1: The document is empty."},
         {"{\n \"splits\": [}", "job: no JSON at line 2, column 13: Invalid value."},
         {"{\"title\": \"\xFF\"}", "job: no JSON at line 1, column 12: Invalid encoding in string."},
@@ -145,10 +138,8 @@ TEST(ReadJobText, NamesTheKeyThatIsWrongAndWhy)
         {Replaced("\"extraVariable\": \"day\"", "\"extraVariable\": \"dya\""), "job: /extraVariable: there is no variable \"dya\""},
         {Replaced("[\"feed\", \"weight\"]", "[\"feed\", \"\"]"), "job: /extraVariables/1: there is no variable \"\""},
         {Replaced("\"name\": \"feed\"", "\"name\": \"weight\""), "job: /variables/1/name: another variable has this name"},
-    };
+    }, ReasonOf);
     // clang-format on
-    for (const Row& row : rows)
-        EXPECT_EQ(ReasonOf(row.text), row.reason) << row.text.substr(0, 60);
 }
 
 TEST(ReadJobText, LetsOutWhatMayBeLeftOut)
@@ -176,16 +167,17 @@ TEST(ReadJobFile, TakesDocumentsRelativeToTheFile)
 
 TEST(ReadJobFile, KeepsNumbersToTheLastBit)
 {
-    struct Row {
-        const char* text;
-        double number;
-    };
-    for (const Row& row : {Row{"0.30000000000000004", 0.1 + 0.2},
-                           Row{"2.2250738585072011e-308", 2.2250738585072011e-308},
-                           Row{"0e308", 0.0}, Row{"0.0E-30", 0.0}, Row{"1e-999", 0.0},
-                           Row{"-3", -3.0}, Row{"18446744073709551616", 18446744073709551616.0}})
-        EXPECT_EQ(JobOf(Replaced("2.5", row.text)).fSplits[1].fValues[0].Number(), row.number)
-            << row.text;
+    // clang-format off
+    ExpectEach<const char*, double>({
+        {"0.30000000000000004", 0.1 + 0.2},
+        {"2.2250738585072011e-308", 2.2250738585072011e-308},
+        {"0e308", 0.0},
+        {"0.0E-30", 0.0},
+        {"1e-999", 0.0},
+        {"-3", -3.0},
+        {"18446744073709551616", 18446744073709551616.0},
+    }, [](const char* text) { return JobOf(Replaced("2.5", text)).fSplits[1].fValues[0].Number(); });
+    // clang-format on
 }
 
 }  // namespace refhost

@@ -5,6 +5,8 @@
 #include "refhost/plot/Picture.h"
 #include "refhost/plot/SampleChart.h"
 
+#include "support/Cases.h"
+
 namespace refhost::test {
 namespace {
 
@@ -34,7 +36,7 @@ void ExpectBars(const ResolvedPlot& plot, const std::vector<BarRow>& rows)
 
 TEST(Bars, StackInTheOrderOfTheLegendFromTheBottom)
 {
-    SampleChart sample(Template("NPARStackedBar"));
+    SampleChart sample(TemplateText("NPARStackedBar"));
     sample.Replace("CategoryOrderText", "low;mid;high").Replace("LegendLabel", "Level");
     sample.Texts("categories", {"h", "h", "h", "o", "o"});
     sample.Texts("type", {"high", "low", "mid", "high", "low"});
@@ -60,7 +62,7 @@ TEST(Bars, StackInTheOrderOfTheLegendFromTheBottom)
 
 TEST(Bars, StandBesideEachOtherInAClusterEvenWithoutHeight)
 {
-    SampleChart sample(Template("NPARChiSquareTest"));
+    SampleChart sample(TemplateText("NPARChiSquareTest"));
     sample.Replace("<popup ",
                    "<popup tokenTemplate=\"$[category]$: $[observed]$ of $[hypothesized]$\" ");
     sample.Texts("Category", {"a", "a", "b", "b"}).Texts("Type", {"o", "h", "o", "h"});
@@ -77,25 +79,18 @@ TEST(Bars, StandBesideEachOtherInAClusterEvenWithoutHeight)
 
 TEST(Bars, ArePaleOnlyUnderACurveOrALine)
 {
-    struct Row {
-        const char* overlay;
-        const char* fill;
-        const char* why;
-    };
-    for (const Row& row :
-         {Row{"", "#2F6DB5", "a field on its own"},
-          Row{"<line><distributionStatistic distribution=\"normal\" parameter=\"5\" "
-              "secondaryParameter=\"2\"/></line>",
-              "#9DB8D9", "below a curve"},
-          Row{"<lineGuide x=\"4\"/>", "#B8C4D6", "below a line"}}) {
-        SCOPED_TRACE(row.why);
-        SampleChart sample(Template("NPARHistogram"));
-        sample.Replace("</graph>", std::string(row.overlay) + "</graph>");
+    // clang-format off
+    ExpectEach<const char*, std::string>({
+        {"", "#2F6DB5", "a field on its own"},
+        {"<line><distributionStatistic distribution=\"normal\" parameter=\"5\" secondaryParameter=\"2\"/></line>", "#9DB8D9", "below a curve"},
+        {"<lineGuide x=\"4\"/>", "#B8C4D6", "below a line"},
+    }, [](const std::string& overlay) {
+        SampleChart sample(TemplateText("NPARHistogram"));
+        sample.Replace("</graph>", overlay + "</graph>");
         sample.Numbers("value", {1, 4, 9}).Numbers("count", {2, 5, 3});
-        const auto chart = sample.Resolve();
-        ASSERT_TRUE(chart);
-        EXPECT_EQ(FindLayer(chart->fPlots[0], MarkKind::Rect)->fStyle.fFill.fColor, row.fill);
-    }
+        return FindLayer(sample.Resolve()->fPlots[0], MarkKind::Rect)->fStyle.fFill.fColor;
+    });
+    // clang-format on
 }
 
 TEST(Bars, ShowTheStartOfAnExponentialCurve)
@@ -109,7 +104,7 @@ TEST(Bars, ShowTheStartOfAnExponentialCurve)
                            Row{{0.5, 1, 30}, true, "the bars do so already"},
                            Row{{10'000, 10'001, 10'002}, false, "nothing would be left of them"}}) {
         SCOPED_TRACE(row.why);
-        SampleChart sample(Template("NPARHistogram"));
+        SampleChart sample(TemplateText("NPARHistogram"));
         sample.Replace("</graph>",
                        "<line><distributionStatistic distribution=\"exponential\" "
                        "parameter=\"0.01\"/></line></graph>");
@@ -147,7 +142,7 @@ TEST(Bars, TellTheirEdgesWhateverTheDecimalsOfTheField)
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.fCurve);
-        SampleChart sample(Template("NPARHistogram"));
+        SampleChart sample(TemplateText("NPARHistogram"));
         sample.Replace("</graph>", std::string(row.fCurve) + "</graph>");
         sample.Replace("xAxisLabel", "value");
         sample.Numbers("value", {1, 2, 3}).Numbers("count", {1, 1, 1});
@@ -166,7 +161,7 @@ TEST(Bars, SayWhatIsLeftOutInTheGivenLanguage)
     for (int type = 0; type < 130; ++type) {
         types.push_back("type " + std::to_string(type));
     }
-    SampleChart sample(Template("NPARStackedBar"));
+    SampleChart sample(TemplateText("NPARStackedBar"));
     sample.Texts("categories", std::vector<std::string>(types.size(), "one")).Texts("type", types);
     sample.Numbers("value", std::vector<double>(types.size(), 1.0));
     PlotWords words = WordsOfPlots("en");
@@ -190,7 +185,7 @@ TEST(Bars, AreCutWithANoteWhereTheyAreTooMany)
             // The last rows share a place, also one whose bar is left out.
             places.push_back(static_cast<double>(std::min<std::size_t>(at, 5298)));
         }
-        SampleChart sample(Template("NPARKolmogorovSmirnov"));
+        SampleChart sample(TemplateText("NPARKolmogorovSmirnov"));
         sample.Numbers("MEANS", places).Numbers("COUNTS", places);
         sample.Texts("TYPES", std::vector<std::string>(row.rows, "f"));
         const auto chart = sample.Resolve();

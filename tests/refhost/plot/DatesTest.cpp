@@ -15,7 +15,7 @@ constexpr int kDate = 20, kDateTime = 22, kYearMonth = 28, kDuration = 21;
 
 SampleChart Dated(const char* name, const char* variable, int type)
 {
-    SampleChart sample(Template(name));
+    SampleChart sample(TemplateText(name));
     sample.Set(variable).fHostFormat = HostFormat{type, 10, 0};
     return sample;
 }
@@ -83,7 +83,7 @@ TEST(Dates, ThatAreTextsStandInTheOrderOfTime)
              Row{{"b", "1997-05-19", "a"}, "b;1997-05-19;a;"},
              Row{{"2:1", "1:2"}, "2:1;1:2;"},
          }) {
-        SampleChart sample(Template("NPARHistogram"));
+        SampleChart sample(TemplateText("NPARHistogram"));
         sample.Texts("value", row.fTexts);
         sample.Numbers("count", std::vector<double>(row.fTexts.size(), 1.0));
         const auto chart = sample.Resolve();

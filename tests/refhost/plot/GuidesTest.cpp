@@ -23,7 +23,7 @@ const MarkLayer* FindText(const ResolvedPlot& plot, const std::string& text)
 /// Boxes with lines across and a frame that is fixed at a third of the picture.
 SampleChart BoxesWithLines(const std::vector<std::string>& places)
 {
-    SampleChart sample(Template("NPARBoxplot"));
+    SampleChart sample(TemplateText("NPARBoxplot"));
     sample.Source("boxplotSource").Numbers("Value", {2, 4, 6, 8, 20});
     sample.Texts("Category", {"a", "a", "a", "a", "a"});
     tree::Visualization& tree = sample.Tree();
@@ -71,7 +71,7 @@ TEST(Guides, HaveTheValueOfTheOnlyLineAtItsEnd)
 
 TEST(Guides, OfARunsChartKeepTheirTextsReadable)
 {
-    SampleChart sample(Template("NPAROneSampleRunsTest"));
+    SampleChart sample(TemplateText("NPAROneSampleRunsTest"));
     sample.Replace("max=\"999\"", "max=\"40\"").Replace("parameter=\"00\"", "parameter=\"20\"");
     sample.Replace("secondaryParameter=\"0\"", "secondaryParameter=\"3\"");
     sample.Replace("x=\"500\"", "x=\"20\"")

@@ -4,6 +4,8 @@
 #include "refhost/plot/SampleChart.h"
 #include "refhost/plot/TextWidth.h"
 
+#include "support/Cases.h"
+
 namespace refhost::test {
 namespace {
 
@@ -13,7 +15,7 @@ constexpr const char* kLongName =
 /// As many facets in a row as there are names, each with one bar and a line below its name.
 SampleChart Facets(const std::vector<std::string>& names)
 {
-    SampleChart sample(Template("NPARRelatedSamplesHistogram"));
+    SampleChart sample(TemplateText("NPARRelatedSamplesHistogram"));
     std::vector<double> ones(names.size(), 1.0), types;
     std::vector<std::string> more;
     for (std::size_t at = 0; at < names.size(); ++at) {
@@ -28,7 +30,7 @@ SampleChart Facets(const std::vector<std::string>& names)
 
 SampleChart CrossTable(const std::vector<std::string>& names)
 {
-    SampleChart sample(Template("FacetBarChart"));
+    SampleChart sample(TemplateText("FacetBarChart"));
     std::vector<double> row, column, category;
     std::vector<ChartValue> texts, values;
     for (std::size_t cell = 0; cell < names.size() * names.size(); ++cell) {
@@ -54,36 +56,23 @@ SampleChart CrossTable(const std::vector<std::string>& names)
 
 TEST(WrapText, BreaksAtBlanksAndBehindCommas)
 {
-    struct Row {
-        const char* text;
-        double room;
-        std::size_t most;
-        std::vector<std::string> lines;
-        const char* why;
-    };
     const double ten = TextWidth("aaaaaaaaaa", 12);
-    for (const Row& row : {
-             Row{"short", ten, 2, {"short"}, "fits"},
-             Row{"", ten, 2, {""}, "nothing"},
-             Row{"aaaa bbbb cccc", ten, 2, {"aaaa bbbb", "cccc"}, "at a blank"},
-             Row{"aaaaaa,bbbbbb", ten, 2, {"aaaaaa,", "bbbbbb"}, "behind a comma"},
-             Row{"a\nb", ten, 1, {"a b"}, "lines that fit on one"},
-             Row{"a\nb\nc", ten, 1, {"a b\xE2\x80\xA6"}, "lines too many"},
-             Row{"aaaa\nbbbb", ten, 2, {"aaaa", "bbbb"}, "its own line feed"},
-             Row{"aaaaaaaaaaaaaa", ten, 2, {"aaaaaaaaa\xE2\x80\xA6"}, "a word too wide"},
-             Row{"aaaaaaaaa bbbbbbbbb cc", ten, 1, {"aaaaaaaaa\xE2\x80\xA6"}, "too many lines"},
-             Row{"aaaa bbbbbbbb cccc dddd",
-                 ten,
-                 2,
-                 {"aaaa", "bbbbbbbb\xE2\x80\xA6"},
-                 "the last line"},
-             Row{"\xC3\xA4\xC3\xA4\xC3\xA4", 10.0, 1, {"\xE2\x80\xA6"}, "whole characters only"},
-             Row{"a b", 0.0, 1, {"\xE2\x80\xA6"}, "no room at all"},
-         }) {
-        SCOPED_TRACE(row.why);
-        const auto lines = WrapText(row.text, 12, row.room, row.most);
-        EXPECT_EQ(lines, row.lines);
-    }
+    // clang-format off
+    ExpectEach<std::tuple<const char*, double, std::size_t>, std::vector<std::string>>({
+        {{"short", ten, 2}, {"short"}, "fits"},
+        {{"", ten, 2}, {""}, "nothing"},
+        {{"aaaa bbbb cccc", ten, 2}, {"aaaa bbbb", "cccc"}, "at a blank"},
+        {{"aaaaaa,bbbbbb", ten, 2}, {"aaaaaa,", "bbbbbb"}, "behind a comma"},
+        {{"a\nb", ten, 1}, {"a b"}, "lines that fit on one"},
+        {{"a\nb\nc", ten, 1}, {"a b\xE2\x80\xA6"}, "lines too many"},
+        {{"aaaa\nbbbb", ten, 2}, {"aaaa", "bbbb"}, "its own line feed"},
+        {{"aaaaaaaaaaaaaa", ten, 2}, {"aaaaaaaaa\xE2\x80\xA6"}, "a word too wide"},
+        {{"aaaaaaaaa bbbbbbbbb cc", ten, 1}, {"aaaaaaaaa\xE2\x80\xA6"}, "too many lines"},
+        {{"aaaa bbbbbbbb cccc dddd", ten, 2}, {"aaaa", "bbbbbbbb\xE2\x80\xA6"}, "the last line"},
+        {{"\xC3\xA4\xC3\xA4\xC3\xA4", 10.0, 1}, {"\xE2\x80\xA6"}, "whole characters only"},
+        {{"a b", 0.0, 1}, {"\xE2\x80\xA6"}, "no room at all"},
+    }, [](const char* text, double room, std::size_t most) { return WrapText(text, 12, room, most); });
+    // clang-format on
 }
 
 TEST(Panels, WrapTheirHeadersToTheirWidth)
@@ -172,7 +161,7 @@ TEST(Panels, NameTheDiagonalByBareNumbersFromFiveCategoriesOn)
     }
 }
 
-TEST(Panels, MirroredHaveTheirValuesAtBothOuterEdges)
+TEST(Panels, MirroredHaveOneCountRangeAndTheirValuesAtBothOuterEdges)
 {
     struct Row {
         const char* name;
@@ -182,11 +171,12 @@ TEST(Panels, MirroredHaveTheirValuesAtBothOuterEdges)
          {Row{"NPARRelatedSamplesHistogram", AxisSide::Left, AxisSide::Right, AxisSide::Bottom},
           Row{"NPARKolmogorovSmirnov", AxisSide::Top, AxisSide::Bottom, AxisSide::Left}}) {
         SCOPED_TRACE(row.name);
-        SampleChart sample(Template(row.name));
+        SampleChart sample(TemplateText(row.name));
         sample.Replace("alternating=\"false\" side=\"x\"", "alternating=\"true\" side=\"y\"");
-        sample.Numbers("COUNTS", {3, 4, 1, 1}).Numbers("MEANS", {10, 20, 20, 40});
-        sample.Texts("TYPES", {"f", "f", "m", "m"});
-        sample.Texts("LABELNAME", {"N = 7", "N = 7", "N = 2\nMean Rank = 5", ""});
+        sample.Replace("invert=\"true\"", "invert=\"false\"");
+        sample.Numbers("COUNTS", {3, 4, 5, 1, 1}).Numbers("MEANS", {10, 20, 30, 20, 40});
+        sample.Texts("TYPES", {"f", "f", "f", "m", "m"});
+        sample.Texts("LABELNAME", {"N = 7", "N = 7", "N = 7", "N = 2\nMean Rank = 5", ""});
         const auto chart = sample.Resolve();
         ASSERT_TRUE(chart);
         ASSERT_EQ(chart->fPlots.size(), 2u);
@@ -199,6 +189,19 @@ TEST(Panels, MirroredHaveTheirValuesAtBothOuterEdges)
         const PlotHeader& header = first.fHeader.fLines.empty() ? first.fSideHeader : first.fHeader;
         EXPECT_EQ(header.fLines, (std::vector<std::string>{"f", "N = 7", ""}))
             << "both names stand at one height";
+        const bool isSideBySide = row.both == AxisSide::Bottom;
+        const auto counts = [isSideBySide](const ResolvedPlot& plot) {
+            double sum = 0;
+            for (const ResolvedMark& bar : MarksOf(plot, MarkKind::Rect))
+                sum += isSideBySide ? bar.fX2 : bar.fY2;
+            return sum;
+        };
+        EXPECT_EQ(counts(first), 12);
+        EXPECT_EQ(counts(second), 2);
+        const auto scale = isSideBySide ? &ResolvedPlot::fX : &ResolvedPlot::fY;
+        EXPECT_EQ((first.*scale).fMax, (second.*scale).fMax);
+        EXPECT_NE((first.*scale).fReversed, (second.*scale).fReversed);
+        EXPECT_EQ((first.*scale).fReversed, isSideBySide) << "bars grow from the common border";
     }
 }
 

@@ -1,22 +1,15 @@
 #pragma once
 
-#include <fstream>
-#include <iterator>
 #include <string>
 #include <vector>
 
 #include "refhost/plot/ResolvedChart.h"
 
-/// Templates as they are shipped, and questions to a resolved plot.
+#include "support/TemplateText.h"
+
+/// Questions to a resolved plot.
 
 namespace refhost::test {
-
-inline std::string Template(const std::string& name)
-{
-    std::ifstream file(std::string(NONPAR_SOURCE_DIR) + "/refhost/templates/" + name +
-                       ".viztemplate");
-    return {std::istreambuf_iterator<char>(file), {}};
-}
 
 inline const MarkLayer* FindLayer(const ResolvedPlot& plot, MarkKind kind)
 {

@@ -8,6 +8,8 @@
 #include "refhost/plot/Curves.h"
 #include "refhost/plot/Ticks.h"
 
+#include "support/Cases.h"
+
 namespace refhost {
 namespace {
 
@@ -88,25 +90,20 @@ TEST(Ranges, OfExtremeNumbersHaveAFewTicksThatDiffer)
 
 TEST(CurvePoints, CoverTheAreaOfTheBars)
 {
-    struct Row {
-        CurveShape shape;
-        double low, high;
-        const char* why;
-    };
-    constexpr double kScale = 71 * 50.0;  // rows times bin width
-    for (const Row& row : {
-             Row{{tree::Distribution::Normal, 260, 20}, 100, 420, "normal"},
-             Row{{tree::Distribution::Uniform, 108, 423}, 100, 450, "uniform"},
-             Row{{tree::Distribution::Exponential, 0.25, 0}, 0, 60, "exponential"},
-         }) {
-        SCOPED_TRACE(row.why);
-        const auto points = CurvePoints(row.shape, row.low, row.high, kScale, std::nullopt);
+    // clang-format off
+    ExpectEach<std::tuple<CurveShape, double, double>, bool>({
+        {{{tree::Distribution::Normal, 260, 20}, 100, 420}, true, "normal"},
+        {{{tree::Distribution::Uniform, 108, 423}, 100, 450}, true, "uniform"},
+        {{{tree::Distribution::Exponential, 0.25, 0}, 0, 60}, true, "exponential"},
+    }, [](const CurveShape& shape, double low, double high) {
+        constexpr double kScale = 71 * 50.0;  // rows times bin width
+        const auto points = CurvePoints(shape, low, high, kScale, std::nullopt);
         double area = 0;
-        for (std::size_t at = 1; at < points.size(); ++at) {
+        for (std::size_t at = 1; at < points.size(); ++at)
             area += (points[at].fX - points[at - 1].fX) * (points[at].fY + points[at - 1].fY) / 2;
-        }
-        EXPECT_NEAR(area, kScale, kScale * 0.005);
-    }
+        return std::fabs(area - kScale) < kScale * 0.005;
+    });
+    // clang-format on
 }
 
 TEST(CurvePoints, OfPoissonStandAtWholeNumbersAndSumToTheRows)
@@ -143,25 +140,21 @@ TEST(CurvePoints, OfPoissonStandAtWholeNumbersAndSumToTheRows)
 TEST(ShapeOf, RefusesParametersOutOfRange)
 {
     using tree::Distribution;
-    struct Row {
-        tree::DistributionStatistic statistic;
-        bool isDrawn;
-        const char* why;
-    };
+    using tree::DistributionStatistic;
     const auto number = [](double value) {
         return tree::Parameter{tree::ParameterKind::Number, value};
     };
     const double infinite = std::numeric_limits<double>::infinity();
-    for (const Row& row : {
-             Row{{Distribution::Normal, number(0), number(1)}, true, "the standard normal"},
-             Row{{Distribution::Normal, number(0), number(0)}, false, "no spread"},
-             Row{{Distribution::Normal, number(0), std::nullopt}, false, "no spread given"},
-             Row{{Distribution::Uniform, number(2), number(2)}, false, "no range"},
-             Row{{Distribution::Exponential, number(infinite), std::nullopt}, false, "mean of 0"},
-             Row{{Distribution::Poisson, number(-1), std::nullopt}, false, "negative mean"},
-         }) {
-        EXPECT_EQ(ShapeOf(row.statistic, false).has_value(), row.isDrawn) << row.why;
-    }
+    // clang-format off
+    ExpectEach<DistributionStatistic, bool>({
+        {{Distribution::Normal, number(0), number(1)}, true, "the standard normal"},
+        {{Distribution::Normal, number(0), number(0)}, false, "no spread"},
+        {{Distribution::Normal, number(0), std::nullopt}, false, "no spread given"},
+        {{Distribution::Uniform, number(2), number(2)}, false, "no range"},
+        {{Distribution::Exponential, number(infinite), std::nullopt}, false, "mean of 0"},
+        {{Distribution::Poisson, number(-1), std::nullopt}, false, "negative mean"},
+    }, [](const DistributionStatistic& statistic) { return ShapeOf(statistic, false).has_value(); });
+    // clang-format on
 }
 
 TEST(CountRange, StartsAtZeroWithFewWholeTicksAndAir)

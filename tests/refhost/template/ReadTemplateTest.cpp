@@ -5,6 +5,8 @@
 #include "refhost/template/RepairTemplate.h"
 #include "refhost/template/TemplateNumbers.h"
 
+#include "support/Cases.h"
+
 using refhost::ReadTemplate;
 using refhost::RepairTemplate;
 using namespace refhost::tree;  // NOLINT(google-build-using-namespace): every line reads a tree
@@ -27,13 +29,8 @@ Visualization Read(const std::string& text)
 
 TEST(RepairTemplate, TakesForMarkupOnlyWhatTheLanguageKnowsAtItsPlace)
 {
-    struct Row {
-        const char* fText;
-        const char* fRepaired;
-        const char* fWhy;
-    };
     // clang-format off
-    constexpr Row kRows[] = {
+    ExpectEach<const char*, std::optional<std::string>>({
         {"<axis dimension=\"x\" grid=\"true\"/>", "<axis dimension=\"x\" grid=\"true\"/>", "sound markup stays"},
         {"<label id=\"a&b\"/>", "<label id=\"a&amp;b\"/>", "an ampersand without an entity"},
         {"<label id=\"a&#10;b&lt;\"/>", "<label id=\"a&#10;b&lt;\"/>", "entities stay"},
@@ -42,14 +39,9 @@ TEST(RepairTemplate, TakesForMarkupOnlyWhatTheLanguageKnowsAtItsPlace)
         {"<label id=\"x\" id=\"y\"/>", "<label id=\"x&quot; id=&quot;y\"/>", "no attribute stands twice"},
         {"<text>a</b> < c</text></label>", "<text>a&lt;/b&gt; &lt; c</text></label>", "tags in a text are text"},
         {"<!-- <axis/> --><swap/>stray", "<swap/>", "comments and stray text go"},
-        {"<faceting></faceting><facetLayout side=\"x\"></facetLayout>",
-         "<faceting></faceting><facetLayout side=\"x\"></facetLayout>", "names are whole"},
-    };
+        {"<faceting></faceting><facetLayout side=\"x\"></facetLayout>", "<faceting></faceting><facetLayout side=\"x\"></facetLayout>", "names are whole"},
+    }, RepairTemplate);
     // clang-format on
-    for (const Row& row : kRows) {
-        SCOPED_TRACE(row.fWhy);
-        EXPECT_EQ(RepairTemplate(row.fText), row.fRepaired);
-    }
 }
 
 TEST(RepairTemplate, IsLinearInTextsThatNeverEnd)

@@ -3,8 +3,9 @@
 #include <filesystem>
 #include <string>
 
-#include "TemplateText.h"
 #include "refhost/template/ReadTemplate.h"
+
+#include "support/TemplateText.h"
 
 using refhost::ReadTemplate;
 

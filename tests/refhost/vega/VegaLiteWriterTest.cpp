@@ -11,6 +11,8 @@
 #include "refhost/vega/JsonStream.h"
 #include "refhost/vega/VegaTheme.h"
 
+#include "support/Cases.h"
+
 namespace refhost {
 namespace {
 
@@ -80,26 +82,25 @@ void Walk(const rapidjson::Value& value, const Visit& visit)
 
 TEST(VegaLiteText, IsValidJsonWhateverTheLabelsHold)
 {
-    struct Row {
-        std::string label;
-        const char* why;
+    // clang-format off
+    const std::string labels[] = {
+        "R&D \"x\" <b> \\",  // quotes, markup, a backslash at the end
+        "two\nlines",  // a line feed
+        "line\xE2\x80\xA8separator",  // U+2028
+        "\xff\xfe\xc3",  // bytes that are no UTF-8
+        "\xED\xA0\x80",  // half of a surrogate pair
+        std::string("a\0b", 3),  // a zero byte
+        "</script><script>",  // the end of a script element
+        "",
+        "\xE6\xBC\xA2\xE5\xAD\x97 \xF0\x9F\x93\x8A",  // other scripts
     };
-    for (const Row& row : {
-             Row{"R&D \"x\" <b> \\", "quotes, markup, a backslash at the end"},
-             Row{"two\nlines", "a line feed"},
-             Row{"line\xE2\x80\xA8separator", "U+2028"},
-             Row{"\xff\xfe\xc3", "bytes that are no UTF-8"},
-             Row{"\xED\xA0\x80", "half of a surrogate pair"},
-             Row{std::string("a\0b", 3), "a zero byte"},
-             Row{"</script><script>", "the end of a script element"},
-             Row{"", "nothing"},
-             Row{"\xE6\xBC\xA2\xE5\xAD\x97 \xF0\x9F\x93\x8A", "other scripts"},
-         }) {
-        SCOPED_TRACE(row.why);
-        const std::string text = VegaLiteFile(ChartOf(row.label));
+    // clang-format on
+    for (const std::string& label : labels) {
+        SCOPED_TRACE(label);
+        const std::string text = VegaLiteFile(ChartOf(label));
         EXPECT_TRUE(Parsed(text).IsObject());
         EXPECT_EQ(text.find('<'), std::string::npos) << "may stand in a script element";
-        Parsed(VegaLiteText(ChartOf(row.label)));
+        Parsed(VegaLiteText(ChartOf(label)));
     }
 }
 
@@ -192,36 +193,25 @@ TEST(VegaLiteText, HasItsTextsInsideOnlyInAFile)
     EXPECT_TRUE(file.HasMember("config"));
 }
 
-/// Text marks of the document: their lines with the members of mark and encoding.
-struct WrittenText {
-    std::string text;
-    double x = 0.0;
-    double y = 0.0;
-    bool isStrong = false;
-    bool isTurned = false;
-    std::string tip;
-};
-
-std::vector<WrittenText> TextsOf(const rapidjson::Value& plot)
+/// "line|line@x,y" of each text, with what else is said of it.
+std::vector<std::string> TextsOf(const rapidjson::Value& plot)
 {
-    std::vector<WrittenText> texts;
+    std::vector<std::string> texts;
     for (const auto& layer : plot["layer"].GetArray()) {
         const auto& mark = layer["mark"];
-        if (!mark.IsObject() || std::string(mark["type"].GetString()) != "text") continue;
+        if (!mark.IsObject() || mark["type"] != "text") continue;
         const auto& row = layer["data"]["values"][0];
-        WrittenText text;
-        const auto& lines = row["text"];
-        for (rapidjson::SizeType line = 0; lines.IsArray() && line < lines.Size(); ++line) {
-            text.text += std::string(line == 0 ? "" : "|") + lines[line].GetString();
-        }
-        if (lines.IsString()) text.text = lines.GetString();
-        text.x = layer["encoding"]["x"]["value"].GetDouble();
-        text.y = layer["encoding"]["y"]["value"].GetDouble();
-        text.isStrong = mark.HasMember("fontWeight") && mark["fontWeight"].GetInt() >= 600;
-        text.isTurned = mark.HasMember("angle");
-        const bool hasTip = row.HasMember("tip") && layer["encoding"].HasMember("tooltip");
-        text.tip = hasTip ? row["tip"].GetString() : "";
-        texts.push_back(text);
+        std::string& text = texts.emplace_back();
+        if (row["text"].IsString()) text = row["text"].GetString();
+        if (row["text"].IsArray())
+            for (const auto& line : row["text"].GetArray())
+                text += (text.empty() ? "" : "|") + std::string(line.GetString());
+        const auto& at = layer["encoding"];
+        text += "@" + ScriptNumber(at["x"]["value"].GetDouble()) + "," +
+                ScriptNumber(at["y"]["value"].GetDouble());
+        if (mark.HasMember("fontWeight") && mark["fontWeight"].GetInt() >= 600) text += " strong";
+        if (mark.HasMember("angle")) text += " turned";
+        if (at.HasMember("tooltip")) text += " (" + std::string(row["tip"].GetString()) + ")";
     }
     return texts;
 }
@@ -229,47 +219,25 @@ std::vector<WrittenText> TextsOf(const rapidjson::Value& plot)
 TEST(VegaLiteText, PutsHeadersOutsideOfThePlot)
 {
     ResolvedChart chart;
-    ResolvedPlot plot;
+    ResolvedPlot& plot = chart.fPlots.emplace_back();
     plot.fWidth = 120;
     plot.fHeight = 80;
-    ResolvedAxis axis;
+    ResolvedAxis& axis = plot.fAxes.emplace_back();
     axis.fSide = AxisSide::Left;
     axis.fExtent = 30;
-    plot.fAxes.push_back(axis);
     plot.fHeader = {{"", "casein", "N = 12"}, 2, "casein, cut"};
-    struct Row {
-        bool isUpright;
-        std::vector<WrittenText> side;
-        const char* why;
-    };
-    for (const Row& row : {Row{false,
-                               {{"a name|of two", -56, 40, true, true, "the whole name"}},
-                               "turned: the second line stands between the first and the axis"},
-                           Row{true,
-                               {{"a name", 130, 24, true, false, "the whole name"},
-                                {"of two", 130, 40, false, false, "the whole name"}},
-                               "right of the plot"}}) {
-        SCOPED_TRACE(row.why);
-        plot.fSideHeader = {{"a name", "of two"}, 1, "the whole name"};
-        if (row.isUpright) plot.fSideHeader.fLines.emplace_back("");
-        plot.fSideHeaderUpright = row.isUpright;
-        chart.fPlots.assign(1, plot);
-        std::vector<WrittenText> expected = {{"casein", 60, -24, true, false, "casein, cut"},
-                                             {"N = 12", 60, -8, false, false, "casein, cut"}};
-        expected.insert(expected.end(), row.side.begin(), row.side.end());
-        const rapidjson::Document document = Parsed(VegaLiteText(chart));
-        const std::vector<WrittenText> texts = TextsOf(document);
-        ASSERT_EQ(texts.size(), expected.size()) << "an empty line is no mark";
-        for (std::size_t at = 0; at < texts.size(); ++at) {
-            SCOPED_TRACE(expected[at].text);
-            EXPECT_EQ(texts[at].text, expected[at].text);
-            EXPECT_EQ(texts[at].x, expected[at].x);
-            EXPECT_EQ(texts[at].y, expected[at].y);
-            EXPECT_EQ(texts[at].isStrong, expected[at].isStrong);
-            EXPECT_EQ(texts[at].isTurned, expected[at].isTurned);
-            EXPECT_EQ(texts[at].tip, expected[at].tip);
-        }
-    }
+    plot.fSideHeader = {{"a name", "of two"}, 1, "the whole name"};
+    using Texts = std::vector<std::string>;
+    Texts expected = {"casein@60,-24 strong (casein, cut)", "N = 12@60,-8 (casein, cut)",
+                      "a name|of two@-56,40 strong turned (the whole name)"};
+    EXPECT_EQ(TextsOf(Parsed(VegaLiteText(chart))), expected)
+        << "turned: the second line stands between the first and the axis";
+    plot.fSideHeader.fLines.emplace_back("");
+    plot.fSideHeaderUpright = true;
+    expected.back() = "a name@130,24 strong (the whole name)";
+    expected.emplace_back("of two@130,40 (the whole name)");
+    EXPECT_EQ(TextsOf(Parsed(VegaLiteText(chart))), expected)
+        << "right of the plot; an empty line is no mark";
 }
 
 TEST(VegaLiteText, GivesAllLayersOfAPlotOneScale)
@@ -294,15 +262,14 @@ TEST(VegaLiteText, GivesAllLayersOfAPlotOneScale)
 
 TEST(ScriptNumber, IsWrittenAsAScriptWouldTurnItIntoText)
 {
-    struct Row {
-        double number;
-        const char* text;
-    };
-    for (const Row& row : {Row{0.1, "0.1"}, Row{-0.0, "0"}, Row{1e21, "1e+21"}, Row{1e-7, "1e-7"},
-                           Row{123456789012345680000.0, "123456789012345680000"},
-                           Row{0.000001, "0.000001"}, Row{-2.5, "-2.5"}}) {
-        EXPECT_EQ(ScriptNumber(row.number), row.text);
-    }
+    ExpectEach<double, std::string>({{0.1, "0.1"},
+                                     {-0.0, "0"},
+                                     {1e21, "1e+21"},
+                                     {1e-7, "1e-7"},
+                                     {123456789012345680000.0, "123456789012345680000"},
+                                     {0.000001, "0.000001"},
+                                     {-2.5, "-2.5"}},
+                                    ScriptNumber);
 }
 
 }  // namespace
