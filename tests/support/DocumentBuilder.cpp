@@ -52,18 +52,6 @@ void AddParameters(Element& table, const std::vector<std::vector<double>>& param
         table.Add(Attribute("%" + std::to_string(index), NumberList(parameters[index])));
 }
 
-Element PostHoc(std::string_view name, std::string_view infoName, const Rows& info,
-                const Rows& content, int field)
-{
-    constexpr std::string_view kColumns =
-        "Sample1 Sample2 TestStatistic StdError StdTestStatistic Sig AdjSig";
-    Element table = StructuredTable(name);
-    if (field >= 0) table.Add(Attribute("fieldIndex", field));
-    table.Add(SimpleTable(infoName, "", "", info));
-    table.Add(SimpleTable("Content", "", kColumns, content));
-    return table;
-}
-
 Element DataField(const FieldSpec& field, std::size_t index)
 {
     Element element("DataField");
@@ -205,16 +193,6 @@ Element Algorithm(std::string_view name, std::string_view decision, const Childr
     algorithm.Set("name", name).Set("classification", ClassificationOf(name));
     if (!decision.empty()) algorithm.Set("decision", decision);
     return algorithm.Add(children);
-}
-
-Element PairwiseResult(const Rows& info, const Rows& content, int field)
-{
-    return PostHoc("PairwiseResult", "PairwiseInfo", info, content, field);
-}
-
-Element StepwiseResult(const Rows& info, const Rows& content, int field)
-{
-    return PostHoc("StepwiseResult", "StepwiseInfo", info, content, field);
 }
 
 DocumentBuilder& DocumentBuilder::AddField(const FieldSpec& field)

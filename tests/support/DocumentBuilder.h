@@ -78,13 +78,6 @@ Element Statistics(const NamedNumbers& numbers,
 /// where it is empty.
 Element Algorithm(std::string_view name, std::string_view decision, const Children& children = {});
 
-/// A "PairwiseResult": sample numbers and their ranks, and a row of seven numbers for each pair.
-/// Without a field the samples are fields.
-Element PairwiseResult(const Rows& info, const Rows& content, int field = -1);
-
-/// The same as steps and subsets.
-Element StepwiseResult(const Rows& info, const Rows& content, int field = -1);
-
 struct ValueSpec {
     std::string value;
     std::string label = {};

@@ -77,37 +77,12 @@ def nested(depth):
 BOMB = "<!DOCTYPE a [<!ENTITY e0 'lol'>" + "".join(
     f"<!ENTITY e{n} '{f'&e{n - 1};' * 10}'>" for n in range(1, 10)
 ) + "]>"
-PROLOG = '<?xml version="1.0" encoding="UTF-8"?>'
-
-
-def prolog(text):
-    return document().replace(PROLOG, text)
-
-
-def encoded(name, encoding, mark=b""):
-    return mark + prolog(f'<?xml version="1.0" encoding="{name}"?>').replace("weight", "gewücht").encode(encoding)
-
 
 # What it is, the exit code, and how it is made.
 CASES = [
-    ("an entity bomb", 1, lambda: prolog(BOMB).replace('name="weight"', 'name="&e9;"')),
-    ("an external entity", 1, lambda: prolog("<!DOCTYPE a [<!ENTITY e SYSTEM 'file:///etc/passwd'>]>")),
-    ("an external subset", 1, lambda: prolog("<!DOCTYPE a SYSTEM 'http://127.0.0.1/x'>")),
+    ("an entity bomb", 1, lambda: document().replace("<StatXML>", BOMB + "<StatXML>").replace('name="weight"', 'name="&e9;"')),
     ("100,000 levels", 1, lambda: nested(100_000)),
     ("900 levels", 0, lambda: nested(900)),
-    ("half a document", 1, lambda: document()[:-200]),
-    ("NUL in a text", 1, lambda: document().replace("weight", "we\0ight")),
-    ("NUL behind the root", 1, lambda: document() + "\0"),
-    ("NUL bytes only", 1, lambda: b"\0" * 1000),
-    ("declared UTF-8, is Latin 1", 1, lambda: encoded("UTF-8", "latin-1")),
-    ("declared Latin 1, is UTF-8", 0, lambda: encoded("ISO-8859-1", "utf-8")),
-    ("Latin 1", 0, lambda: encoded("ISO-8859-1", "latin-1")),
-    ("UTF-16 with a mark", 0, lambda: encoded("UTF-16", "utf-16-le", b"\xff\xfe")),
-    ("UTF-16 without a mark", 0, lambda: encoded("UTF-16LE", "utf-16-le")),
-    ("half a unit of UTF-16", 1, lambda: encoded("UTF-16", "utf-16-le", b"\xff\xfe")[:-1]),
-    ("declared UTF-16, is UTF-8", 0, lambda: encoded("UTF-16", "utf-8")),
-    ("an unknown encoding", 1, lambda: encoded("klingon", "utf-8")),
-    ("a cut character at the end", 1, lambda: document().encode() + b"\xe2\x82"),
     ("100 MB of an attribute", 0, lambda: in_test(f'<Attribute name="x" value="{"x" * 100 * MB}"/>')),
     ("100 MB of a number", 0, lambda: in_test(f'<Attribute name="%1" value="{"1" * 100 * MB}"/>')),
     ("100 MB of a label", 0, lambda: field("x" * 100 * MB)),

@@ -210,24 +210,15 @@ TEST(Heading, KeepsWhatWasWrittenWhenAnExceptionEndsTheRun)
     EXPECT_EQ(Outline(run.Nodes()), "h(t)");
 }
 
-class FullDisk : public OutputSink {
+class FullDisk : public OutputTree {
 public:
-    void Begin(const RunStart&) override {}
-    void BeginSplit(std::size_t) override {}
-    void EndSplit() override {}
-    void OpenHeading(TextRef) override { Write(); }
-    void CloseHeading() override { Write(); }
-    void Node(OutputNodePtr&&) override { Write(); }
-    void End(const RunEnd&) override {}
-
-    int fCalls = 0;
-
-private:
-    void Write()
+    void Node(OutputNodePtr&&) override
     {
         ++fCalls;
         throw WriteFailure("full");
     }
+
+    int fCalls = 0;
 };
 
 TEST(Heading, ThrowsAFailureOfTheOutputWhereACallMayThrow)

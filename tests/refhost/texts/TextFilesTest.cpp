@@ -190,12 +190,13 @@ Element TestOf(const ConditionKey& condition, const char* decision, double total
         "Condition", {Attribute("ConditionKey", condition.fKey), Attribute("isUseSample", "true")});
     for (std::size_t place = 0; place < condition.Places().size(); ++place)
         parameters.Add(Attribute("%" + std::to_string(place), place == 0 ? "0" : "1"));
-    const bool isPostHoc = condition.fKind >= kind::kCochran;
-    const Rows info = {{0, 1}, {1, 2}};
-    const Rows content = {{0, 1, 2, 3, 4, 5, 6}};
     Element test = Algorithm(NameOf(condition.fKind), decision, {parameters});
-    if (isPostHoc)
-        test.Add(totalN < 5 ? PairwiseResult(info, content, 1) : StepwiseResult(info, content, 1));
+    const std::string shape = totalN < 5 ? "Pairwise" : "Stepwise";
+    if (condition.fKind >= kind::kCochran)
+        test.Add(StructuredTable(
+            shape + "Result",
+            {Attribute("fieldIndex", 1.0), SimpleTable(shape + "Info", "", "", {{0, 1}, {1, 2}}),
+             SimpleTable("Content", "", "1 2 3 4 5 6 7", {{0, 1, 2, 3, 4, 5, 6}})}));
     if (condition.fKind == kind::kBinomialInterval) {
         for (const char* method : {"ClopperPearson", "Jeffreys", "ProfileLikelihood"})
             test.Add(StructuredTable(
