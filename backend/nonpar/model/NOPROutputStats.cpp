@@ -21,6 +21,7 @@ TestRecord Make()
 struct RecordMaker {
     TestKind fKind;
     TestRecord (*fMake)();
+    bool fIsInterval = false;  // kept in a list of its own
 };
 
 // clang-format off
@@ -29,7 +30,7 @@ constexpr RecordMaker kRecordMakers[] = {
     { 2, &Make<Stats::HTOBinomial>},
     { 3, &Make<Stats::HTORuns>},
     { 4, &Make<Stats::HTOWilcoxonSignedRanks>},
-    { 5, &Make<Stats::HTOEstimateConfidenceInterval>},
+    { 5, &Make<Stats::HTOEstimateConfidenceInterval>, true},
     { 6, &Make<Stats::HTOKolmogorovSmirnov>},
     {11, &Make<Stats::HTRSign>},
     {12, &Make<Stats::HTRWilcoxonSignedRanks>},
@@ -38,8 +39,8 @@ constexpr RecordMaker kRecordMakers[] = {
     {15, &Make<Stats::HTRFriedmansTwoWayByRanks>},
     {16, &Make<Stats::HTRKendallsCoefficient>},
     {17, &Make<Stats::HTRMarginalHomogeneity>},
-    {18, &Make<Stats::HTRHodgesLehmannEstimatePairs>},
-    {19, &Make<Stats::HTIHodgesLehmannEstimateGroups>},
+    {18, &Make<Stats::HTRHodgesLehmannEstimatePairs>, true},
+    {19, &Make<Stats::HTIHodgesLehmannEstimateGroups>, true},
     {20, &Make<Stats::HTIMoses>},
     {21, &Make<Stats::HTIMannWhitneyU>},
     {22, &Make<Stats::HTIWaldWolfowitzRuns>},
@@ -49,12 +50,6 @@ constexpr RecordMaker kRecordMakers[] = {
     {26, &Make<Stats::HTIMedian>},
 };
 // clang-format on
-
-TestList ListOf(TestKind testKind)
-{
-    const auto row = std::ranges::find(TestKinds(), testKind, &TestKindRow::fKind);
-    return row == TestKinds().end() ? TestList::None : row->fKeptIn;
-}
 
 template <class Record>
 Record* At(const std::vector<std::unique_ptr<Record>>& records, unsigned index)
@@ -97,7 +92,7 @@ NOPROutputStats::BaseHypothesisTest* NOPROutputStats::CreateTest(SampleKind samp
     const auto maker = std::ranges::find(kRecordMakers, testKind, &RecordMaker::fKind);
     if (maker == std::end(kRecordMakers)) return nullptr;
 
-    auto& list = ListOf(testKind) == TestList::IntervalTests ? fIntervalTests : fTests;
+    auto& list = maker->fIsInterval ? fIntervalTests : fTests;
     auto& test = list.emplace_back(maker->fMake());
     test->fSampleKind = sampleKind;
     test->fTestKind = testKind;

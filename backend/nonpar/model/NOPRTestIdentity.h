@@ -75,14 +75,10 @@ inline constexpr double MissingValue = -1.7976931348623157e+308;
 
 constexpr bool IsMissing(double value) { return value == MissingValue; }
 
-/// Which list of the container keeps a test.
-enum class TestList { None, Tests, IntervalTests };
-
 struct TestKindRow {
     TestKind fKind;
-    TestList fKeptIn;
     std::string_view fName;   ///< the algorithm name of the document
-    std::string_view fTitle;  ///< English, a key of the text tables
+    std::string_view fTitle;  ///< English, a key of the text tables; "Unknown": has no record
 };
 
 /// One row for each kind from 1 to 26, in order.
