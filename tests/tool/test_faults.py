@@ -112,10 +112,10 @@ class FullDisks(Case):
         self.write("0.xml", document())
         path = self.write("job.json", job([{"document": "0.xml"}] * 50))
         for output_format in ("json", "html", "text", "xlsx"):
-            for size in (0, 1000, 20000):
-                with self.subTest(output_format, size=size):
+            for size, jobs in ((0, 1), (1000, 1), (20000, 1), (20000, 2)):
+                with self.subTest(output_format, size=size, jobs=jobs):
                     out = self.write(f"out.{output_format}", "earlier")
-                    run = self.run_tool("run", path, "-o", out, preexec_fn=lambda: limit_files(size))
+                    run = self.run_tool("run", path, "-o", out, "--jobs", jobs, preexec_fn=lambda: limit_files(size))
                     self.assertEqual(run.returncode, 2, run.stderr)
                     self.assert_one_line(run, str(out))
                     self.assertNotIn(b".part", run.stderr, "nobody gave that name")

@@ -85,12 +85,6 @@ class Jobs(Case):
         self.assertGreater(len(runs[1]), 5)
         self.assertEqual(runs[1], runs[3])
 
-    def test_output_that_can_not_be_written(self):
-        for output_format in FORMATS:
-            run = self.run_tool("run", example("infertility"), "--jobs", 2, "--format", output_format, "-o", "/dev/full")
-            self.assertEqual(run.returncode, 2)
-            self.assert_one_line(run, "/dev/full")
-
 
 class Ends(Case):
     def start(self, *options, workers=3, output_format="json", last="0.xml"):

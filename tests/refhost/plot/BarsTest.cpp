@@ -42,21 +42,20 @@ TEST(Bars, StackInTheOrderOfTheLegendFromTheBottom)
     sample.Texts("type", {"high", "low", "mid", "high", "low"});
     sample.Numbers("value", {30, 20, 50, 90, 10});
     sample.Texts("tooltip", {"h high", "h low", "h mid", "o high", "o low"});
-    const auto chart = sample.Resolve();
-    ASSERT_TRUE(chart);
-    ExpectBars(chart->fPlots[0], {{-0.375, 0.375, 0, 20, "low", "h low"},
-                                  {-0.375, 0.375, 20, 70, "mid", "h mid"},
-                                  {-0.375, 0.375, 70, 100, "high", "h high"},
-                                  {0.625, 1.375, 0, 10, "low", "o low"},
-                                  {0.625, 1.375, 10, 100, "high", "o high"}});
-    ASSERT_EQ(chart->fLegends.size(), 1u);
-    EXPECT_EQ(chart->fLegends[0].fTitle, "Level");
+    const ResolvedChart chart = sample.Drawn();
+    ExpectBars(chart.fPlots[0], {{-0.375, 0.375, 0, 20, "low", "h low"},
+                                 {-0.375, 0.375, 20, 70, "mid", "h mid"},
+                                 {-0.375, 0.375, 70, 100, "high", "h high"},
+                                 {0.625, 1.375, 0, 10, "low", "o low"},
+                                 {0.625, 1.375, 10, 100, "high", "o high"}});
+    ASSERT_EQ(chart.fLegends.size(), 1u);
+    EXPECT_EQ(chart.fLegends[0].fTitle, "Level");
     std::vector<std::string> entries;
-    for (const LegendEntry& entry : chart->fLegends[0].fEntries) {
+    for (const LegendEntry& entry : chart.fLegends[0].fEntries) {
         entries.push_back(entry.fLabel);
     }
     EXPECT_EQ(entries, (std::vector<std::string>{"low", "mid", "high"}));
-    EXPECT_EQ(TickTexts(*FindAxis(chart->fPlots[0], AxisSide::Bottom)),
+    EXPECT_EQ(TickTexts(*FindAxis(chart.fPlots[0], AxisSide::Bottom)),
               (std::vector<std::string>{"h", "o"}));
 }
 
@@ -69,12 +68,11 @@ TEST(Bars, StandBesideEachOtherInAClusterEvenWithoutHeight)
     sample.Numbers("Frequency", {0, 4, 8, 4.5});
     sample.Texts("Observed", {"0", "0", "8", "8"})
         .Texts("Hypothesized", {"4", "4.0", "4.5", "4.50"});
-    const auto chart = sample.Resolve();
-    ASSERT_TRUE(chart);
-    ExpectBars(chart->fPlots[0], {{-0.4, 0, 0, 0, "o", "a: 0 of 4"},
-                                  {0, 0.4, 0, 4, "h", "a: 0 of 4.0"},
-                                  {0.6, 1, 0, 8, "o", "b: 8 of 4.5"},
-                                  {1, 1.4, 0, 4.5, "h", "b: 8 of 4.50"}});
+    const ResolvedChart chart = sample.Drawn();
+    ExpectBars(chart.fPlots[0], {{-0.4, 0, 0, 0, "o", "a: 0 of 4"},
+                                 {0, 0.4, 0, 4, "h", "a: 0 of 4.0"},
+                                 {0.6, 1, 0, 8, "o", "b: 8 of 4.5"},
+                                 {1, 1.4, 0, 4.5, "h", "b: 8 of 4.50"}});
 }
 
 TEST(Bars, ArePaleOnlyUnderACurveOrALine)
@@ -109,9 +107,8 @@ TEST(Bars, ShowTheStartOfAnExponentialCurve)
                        "<line><distributionStatistic distribution=\"exponential\" "
                        "parameter=\"0.01\"/></line></graph>");
         sample.Numbers("value", row.values).Numbers("count", {2, 5, 3});
-        const auto chart = sample.Resolve();
-        ASSERT_TRUE(chart);
-        const ResolvedPlot& plot = chart->fPlots[0];
+        const ResolvedChart chart = sample.Drawn();
+        const ResolvedPlot& plot = chart.fPlots[0];
         EXPECT_EQ(plot.fX.fMin == 0.0, row.startsAtZero);
         if (!row.startsAtZero) continue;
         const ResolvedMark first = MarksOf(plot, MarkKind::Line).front();
@@ -147,9 +144,8 @@ TEST(Bars, TellTheirEdgesWhateverTheDecimalsOfTheField)
         sample.Replace("xAxisLabel", "value");
         sample.Numbers("value", {1, 2, 3}).Numbers("count", {1, 1, 1});
         sample.Set("value").fHostFormat = HostFormat{5, 8, 0};
-        const auto chart = sample.Resolve();
-        ASSERT_TRUE(chart);
-        const auto& bars = FindLayer(chart->fPlots[0], MarkKind::Rect)->fMarks;
+        const ResolvedChart chart = sample.Drawn();
+        const auto& bars = FindLayer(chart.fPlots[0], MarkKind::Rect)->fMarks;
         EXPECT_EQ(bars.front().fPopup.substr(0, bars.front().fPopup.find('\n')), row.fFirst);
         EXPECT_EQ(bars.back().fPopup.substr(0, bars.back().fPopup.find('\n')), row.fLast);
     }
@@ -166,10 +162,9 @@ TEST(Bars, SayWhatIsLeftOutInTheGivenLanguage)
     sample.Numbers("value", std::vector<double>(types.size(), 1.0));
     PlotWords words = WordsOfPlots("en");
     words.fCutEntries = "^2 Arten, ^1 davon benannt";
-    const auto chart = sample.Resolve(words);
-    ASSERT_TRUE(chart);
-    EXPECT_EQ(chart->fNotes, std::vector<std::string>{"130 Arten, 100 davon benannt"});
-    EXPECT_EQ(chart->fLegends[0].fEntries.size(), 100u);
+    const ResolvedChart chart = sample.Drawn(words);
+    EXPECT_EQ(chart.fNotes, std::vector<std::string>{"130 Arten, 100 davon benannt"});
+    EXPECT_EQ(chart.fLegends[0].fEntries.size(), 100u);
 }
 
 TEST(Bars, AreCutWithANoteWhereTheyAreTooMany)
@@ -188,17 +183,16 @@ TEST(Bars, AreCutWithANoteWhereTheyAreTooMany)
         SampleChart sample(TemplateText("NPARKolmogorovSmirnov"));
         sample.Numbers("MEANS", places).Numbers("COUNTS", places);
         sample.Texts("TYPES", std::vector<std::string>(row.rows, "f"));
-        const auto chart = sample.Resolve();
-        ASSERT_TRUE(chart);
-        EXPECT_EQ(CountMarks(chart->fPlots[0], MarkKind::Rect),
+        const ResolvedChart chart = sample.Drawn();
+        EXPECT_EQ(CountMarks(chart.fPlots[0], MarkKind::Rect),
                   std::min<std::size_t>(row.rows, 5000));
-        ASSERT_EQ(chart->fNotes.size(), row.notes);
-        for (const std::string& note : chart->fNotes) {
+        ASSERT_EQ(chart.fNotes.size(), row.notes);
+        for (const std::string& note : chart.fNotes) {
             EXPECT_TRUE(note == "The first 5000 marks are drawn; the data have more." ||
                         note == "The table of the data holds the first 1000 rows.")
                 << note;
         }
-        EXPECT_EQ(chart->fData.fRows.size(), std::min<std::size_t>(row.rows, 1000));
+        EXPECT_EQ(chart.fData.fRows.size(), std::min<std::size_t>(row.rows, 1000));
     }
 }
 

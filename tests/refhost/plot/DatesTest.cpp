@@ -5,6 +5,8 @@
 #include "refhost/plot/Picture.h"
 #include "refhost/plot/SampleChart.h"
 
+#include "support/Cases.h"
+
 namespace refhost::test {
 namespace {
 
@@ -45,9 +47,8 @@ TEST(Dates, AreTakenInTheUnitThatTheirSizeTells)
         SampleChart sample = Dated("NPARBoxplot", "Value", row.type);
         sample.Source("boxplotSource").Numbers("Value", {row.raw, row.raw, row.raw});
         sample.Texts("Category", {"a", "a", "a"});
-        const auto chart = sample.Resolve();
-        ASSERT_TRUE(chart);
-        const ResolvedMark box = MarksOf(chart->fPlots[0], MarkKind::Rect).front();
+        const ResolvedChart chart = sample.Drawn();
+        const ResolvedMark box = MarksOf(chart.fPlots[0], MarkKind::Rect).front();
         EXPECT_EQ(box.fY, row.place);
         EXPECT_NE(box.fPopup.find(row.text), std::string::npos) << box.fPopup;
     }
@@ -58,41 +59,35 @@ TEST(Dates, ShowOnTheAxisOfBoxes)
     SampleChart sample = Dated("NPARBoxplot", "Value", kDate);
     sample.Source("boxplotSource").Numbers("Value", {1216, 1240, 1277, 1300, 1368});
     sample.Texts("Category", {"a", "a", "a", "a", "a"});
-    const auto chart = sample.Resolve();
-    ASSERT_TRUE(chart);
-    const auto ticks = TickTexts(*FindAxis(chart->fPlots[0], AxisSide::Left));
+    const ResolvedChart chart = sample.Drawn();
+    const auto ticks = TickTexts(*FindAxis(chart.fPlots[0], AxisSide::Left));
     ASSERT_GE(ticks.size(), 3u);
     for (const std::string& tick : ticks) {
         EXPECT_EQ(tick.substr(0, 5), "1973-") << tick;
     }
-    EXPECT_GE(chart->fPlots[0].fAxes.front().fExtent, 0);
+    EXPECT_GE(chart.fPlots[0].fAxes.front().fExtent, 0);
 }
 
 TEST(Dates, ThatAreTextsStandInTheOrderOfTime)
 {
-    struct Row {
-        std::vector<std::string> fTexts;
-        std::string fOrder;
-    };
-    for (const Row& row : {
-             Row{{"1997-05-19", "1997-06-28", "1997-05-24"}, "1997-05-19;1997-05-24;1997-06-28;"},
-             Row{{"1997-05-19 10:00:00", "1997-05-19 09:59:59.5"},
-                 "1997-05-19 09:59:59.5;1997-05-19 10:00:00;"},
-             Row{{"1 00:00:00", "23:59:59.5", "100:00:00", "-00:00:01"},
-                 "-00:00:01;23:59:59.5;1 00:00:00;100:00:00;"},
-             Row{{"b", "1997-05-19", "a"}, "b;1997-05-19;a;"},
-             Row{{"2:1", "1:2"}, "2:1;1:2;"},
-         }) {
+    using Texts = std::vector<std::string>;
+    // clang-format off
+    ExpectEach<Texts, Texts>({
+        {{"1997-05-19", "1997-06-28", "1997-05-24"}, {"1997-05-19", "1997-05-24", "1997-06-28"}},
+        {{"1997-05-19 10:00:00", "1997-05-19 09:59:59.5"}, {"1997-05-19 09:59:59.5", "1997-05-19 10:00:00"}},
+        {{"1 00:00:00", "23:59:59.5", "100:00:00", "-00:00:01"}, {"-00:00:01", "23:59:59.5", "1 00:00:00", "100:00:00"}},
+        {{"b", "1997-05-19", "a"}, {"b", "1997-05-19", "a"}, "not all are dates"},
+        {{"2:1", "1:2"}, {"2:1", "1:2"}, "no times of day"},
+    }, [](const Texts& texts) {
         SampleChart sample(TemplateText("NPARHistogram"));
-        sample.Texts("value", row.fTexts);
-        sample.Numbers("count", std::vector<double>(row.fTexts.size(), 1.0));
-        const auto chart = sample.Resolve();
-        ASSERT_TRUE(chart);
-        std::string order;
-        for (const auto& category : chart->fPlots[0].fX.fCategories)
-            order += category.fLabel + ";";
-        EXPECT_EQ(order, row.fOrder);
-    }
+        sample.Texts("value", texts).Numbers("count", std::vector<double>(texts.size(), 1.0));
+        Texts order;
+        const ResolvedChart chart = sample.Drawn();
+        for (const auto& category : chart.fPlots[0].fX.fCategories)
+            order.push_back(category.fLabel);
+        return order;
+    });
+    // clang-format on
 }
 
 TEST(Dates, PutGuidesOfTheDocumentAmongBarsOfTheHost)
@@ -105,9 +100,8 @@ TEST(Dates, PutGuidesOfTheDocumentAmongBarsOfTheHost)
         counts.push_back(1);
     }
     sample.Numbers("value", dates).Numbers("count", counts);
-    const auto chart = sample.Resolve();
-    ASSERT_TRUE(chart);
-    const ResolvedPlot& plot = chart->fPlots[0];
+    const ResolvedChart chart = sample.Drawn();
+    const ResolvedPlot& plot = chart.fPlots[0];
     EXPECT_GT(plot.fX.fMin, 1190 * kDay) << "the axis doesn't reach back to 1970";
     std::vector<double> places;
     for (const ResolvedMark& rule : MarksOf(plot, MarkKind::Rule)) {

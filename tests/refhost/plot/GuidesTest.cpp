@@ -56,9 +56,8 @@ TEST(Guides, HaveTheValueOfTheOnlyLineAtItsEnd)
     for (const Row& row : {Row{{"3.5"}, true, "one line"}, Row{{"19"}, true, "one near the top"},
                            Row{{"3.5", "9"}, false, "two: neither can be meant"}}) {
         SCOPED_TRACE(row.why);
-        const auto chart = BoxesWithLines(row.places).Resolve();
-        ASSERT_TRUE(chart);
-        const ResolvedPlot& plot = chart->fPlots[0];
+        const ResolvedChart chart = BoxesWithLines(row.places).Drawn();
+        const ResolvedPlot& plot = chart.fPlots[0];
         const MarkLayer* text = FindText(plot, "a value");
         ASSERT_TRUE(text);
         EXPECT_GT(text->fMarks[0].fX, plot.fWidth) << "over no mark";
@@ -78,9 +77,8 @@ TEST(Guides, OfARunsChartKeepTheirTextsReadable)
         .Replace("x=\"20\" id=\"observedGuide\"", "x=\"1\" id=\"observedGuide\"");
     sample.Replace("ObservedRunsText", "Observed Number of Runs = 1");
     sample.Replace("TooManyRuns", "Too many").Replace("TooFewRuns", "Too few");
-    const auto chart = sample.Resolve();
-    ASSERT_TRUE(chart);
-    const ResolvedPlot& plot = chart->fPlots[0];
+    const ResolvedChart chart = sample.Drawn();
+    const ResolvedPlot& plot = chart.fPlots[0];
     EXPECT_EQ(plot.fX.fMin, 0);
     EXPECT_EQ(plot.fX.fMax, 40);
     EXPECT_FALSE(FindAxis(plot, AxisSide::Left)) << "a density has no counts";
@@ -110,12 +108,11 @@ TEST(Guides, OfARunsChartKeepTheirTextsReadable)
 
 TEST(Guides, BeyondAllBoundsAreLeftOutWithANote)
 {
-    const auto chart = BoxesWithLines({"3.5", "1e12"}).Resolve();
-    ASSERT_TRUE(chart);
-    EXPECT_LT(chart->fPlots[0].fY.fMax, 100);
-    EXPECT_EQ(chart->fNotes, std::vector<std::string>{
-                                 "A line at 1000000000000 lies far beyond the data and is not "
-                                 "drawn."});
+    const ResolvedChart chart = BoxesWithLines({"3.5", "1e12"}).Drawn();
+    EXPECT_LT(chart.fPlots[0].fY.fMax, 100);
+    EXPECT_EQ(chart.fNotes, std::vector<std::string>{
+                                "A line at 1000000000000 lies far beyond the data and is not "
+                                "drawn."});
 }
 
 TEST(Boxes, AreDescribedByTheWordsOfTheLanguage)
@@ -127,22 +124,21 @@ TEST(Boxes, AreDescribedByTheWordsOfTheLanguage)
     SampleChart sample = BoxesWithLines({});
     sample.Replace("yAxisText", "").Replace("xAxisText", "");
     sample.Set("Category").fLabel = "Group";
-    const auto chart = sample.Resolve(words);
-    ASSERT_TRUE(chart);
-    const ResolvedMark box = MarksOf(chart->fPlots[0], MarkKind::Rect).front();
+    const ResolvedChart chart = sample.Drawn(words);
+    const ResolvedMark box = MarksOf(chart.fPlots[0], MarkKind::Rect).front();
     EXPECT_EQ(
         box.fPopup,
         "Group = a\nUpper whisker = 8\nDrittes Quartil = 8\nZentralwert = 6\nFirst quartile = 4\n"
         "Lower whisker = 2");
     bool isMedianTold = false;
-    for (const ResolvedMark& rule : MarksOf(chart->fPlots[0], MarkKind::Rule)) {
+    for (const ResolvedMark& rule : MarksOf(chart.fPlots[0], MarkKind::Rule)) {
         isMedianTold |= rule.fPopup == "Group = a\nZentralwert = 6";
     }
     EXPECT_TRUE(isMedianTold);
-    EXPECT_EQ(chart->fData.fColumns,
+    EXPECT_EQ(chart.fData.fColumns,
               (std::vector<std::string>{"Group", "Upper whisker", "Drittes Quartil", "Zentralwert",
                                         "First quartile", "Lower whisker", "Ausreisser"}));
-    EXPECT_EQ(chart->fData.fRows.front(),
+    EXPECT_EQ(chart.fData.fRows.front(),
               (std::vector<std::string>{"a", "8", "8", "6", "4", "2", "20"}));
 }
 

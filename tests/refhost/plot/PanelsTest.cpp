@@ -77,35 +77,33 @@ TEST(WrapText, BreaksAtBlanksAndBehindCommas)
 
 TEST(Panels, WrapTheirHeadersToTheirWidth)
 {
-    const auto chart = CrossTable({kLongName, "Unskilled manual"}).Resolve();
-    ASSERT_TRUE(chart);
-    ASSERT_EQ(chart->fPlots.size(), 4u);
+    const ResolvedChart chart = CrossTable({kLongName, "Unskilled manual"}).Drawn();
+    ASSERT_EQ(chart.fPlots.size(), 4u);
     for (const std::size_t place : {0u, 1u}) {
-        const ResolvedPlot& plot = chart->fPlots[place];
+        const ResolvedPlot& plot = chart.fPlots[place];
         for (const std::string& line : plot.fHeader.fLines) {
-            EXPECT_LE(TextWidth(line, 12), plot.fWidth + chart->fColumnSpacing) << line;
+            EXPECT_LE(TextWidth(line, 12), plot.fWidth + chart.fColumnSpacing) << line;
         }
     }
-    EXPECT_EQ(chart->fPlots[0].fHeader.fPopup, kLongName) << "what is cut is told";
-    EXPECT_EQ(chart->fPlots[1].fHeader.fPopup, "") << "nothing is cut";
-    EXPECT_EQ(chart->fPlots[0].fHeader.fLines.size(), chart->fPlots[1].fHeader.fLines.size());
-    EXPECT_TRUE(chart->fPlots[2].fHeader.fLines.empty()) << "once above each column";
-    EXPECT_EQ(chart->fPlots[2].fSideHeader.fLines.back(), "Unskilled manual");
-    for (const std::string& line : chart->fPlots[0].fSideHeader.fLines) {
-        EXPECT_LE(TextWidth(line, 12), chart->fPlots[0].fHeight) << line;
+    EXPECT_EQ(chart.fPlots[0].fHeader.fPopup, kLongName) << "what is cut is told";
+    EXPECT_EQ(chart.fPlots[1].fHeader.fPopup, "") << "nothing is cut";
+    EXPECT_EQ(chart.fPlots[0].fHeader.fLines.size(), chart.fPlots[1].fHeader.fLines.size());
+    EXPECT_TRUE(chart.fPlots[2].fHeader.fLines.empty()) << "once above each column";
+    EXPECT_EQ(chart.fPlots[2].fSideHeader.fLines.back(), "Unskilled manual");
+    for (const std::string& line : chart.fPlots[0].fSideHeader.fLines) {
+        EXPECT_LE(TextWidth(line, 12), chart.fPlots[0].fHeight) << line;
     }
-    EXPECT_LT(chart->fWidth, 700) << "a long name makes no wide picture";
+    EXPECT_LT(chart.fWidth, 700) << "a long name makes no wide picture";
 }
 
 TEST(Panels, AlignNamesOfSeveralLines)
 {
-    const auto chart = Facets({"Overall", "Handling of complaints and of grievances", "Raises",
-                               "Critical", "Advancement"})
-                           .Resolve();
-    ASSERT_TRUE(chart);
-    const std::size_t strong = chart->fPlots[0].fHeader.fStrongLines;
+    const ResolvedChart chart = Facets({"Overall", "Handling of complaints and of grievances",
+                                        "Raises", "Critical", "Advancement"})
+                                    .Drawn();
+    const std::size_t strong = chart.fPlots[0].fHeader.fStrongLines;
     EXPECT_GT(strong, 1u) << "the longest name takes several lines";
-    for (const ResolvedPlot& plot : chart->fPlots) {
+    for (const ResolvedPlot& plot : chart.fPlots) {
         ASSERT_EQ(plot.fHeader.fLines.size(), strong + 1);
         EXPECT_EQ(plot.fHeader.fStrongLines, strong);
         EXPECT_NE(plot.fHeader.fLines[strong - 1], "") << "names end on one line";
@@ -122,15 +120,14 @@ TEST(Panels, GoOnBelowInRowsOfAboutOneLength)
     };
     for (const Row& row : {Row{1, 1}, Row{6, 6}, Row{7, 4}, Row{12, 6}, Row{13, 5}}) {
         SCOPED_TRACE(row.facets);
-        const auto chart = Facets(std::vector<std::string>(row.facets, "name")).Resolve();
-        ASSERT_TRUE(chart);
-        ASSERT_EQ(chart->fPlots.size(), row.facets) << "one label, several facets";
-        EXPECT_EQ(chart->fColumns, row.columns);
+        const ResolvedChart chart = Facets(std::vector<std::string>(row.facets, "name")).Drawn();
+        ASSERT_EQ(chart.fPlots.size(), row.facets) << "one label, several facets";
+        EXPECT_EQ(chart.fColumns, row.columns);
         for (std::size_t place = 0; place < row.facets; ++place) {
-            EXPECT_EQ(chart->fPlots[place].fRow, static_cast<int>(place) / row.columns);
-            EXPECT_EQ(chart->fPlots[place].fColumn, static_cast<int>(place) % row.columns);
-            const bool isFirst = chart->fPlots[place].fColumn == 0;
-            EXPECT_EQ(FindAxis(chart->fPlots[place], AxisSide::Left) != nullptr, isFirst)
+            EXPECT_EQ(chart.fPlots[place].fRow, static_cast<int>(place) / row.columns);
+            EXPECT_EQ(chart.fPlots[place].fColumn, static_cast<int>(place) % row.columns);
+            const bool isFirst = chart.fPlots[place].fColumn == 0;
+            EXPECT_EQ(FindAxis(chart.fPlots[place], AxisSide::Left) != nullptr, isFirst)
                 << "values stand at the left of each row";
         }
     }
@@ -147,13 +144,12 @@ TEST(Panels, NameTheDiagonalByBareNumbersFromFiveCategoriesOn)
         const std::vector<std::string> names(row.categories, "a category of a long name");
         SampleChart sample = CrossTable(names);
         sample.Set("celltext").fPrefix = "n\n ";  // would fit everywhere
-        const auto chart = sample.Resolve();
-        ASSERT_TRUE(chart);
-        ASSERT_EQ(chart->fPlots.size(), row.categories * row.categories);
-        EXPECT_EQ(Texts(chart->fPlots[0]), std::vector<std::string>{row.caption});
-        EXPECT_EQ(Texts(chart->fPlots[1]), std::vector<std::string>{"1"});
+        const ResolvedChart chart = sample.Drawn();
+        ASSERT_EQ(chart.fPlots.size(), row.categories * row.categories);
+        EXPECT_EQ(Texts(chart.fPlots[0]), std::vector<std::string>{row.caption});
+        EXPECT_EQ(Texts(chart.fPlots[1]), std::vector<std::string>{"1"});
         int titles = 0;
-        for (const ResolvedPlot& plot : chart->fPlots) {
+        for (const ResolvedPlot& plot : chart.fPlots) {
             const ResolvedAxis* axis = FindAxis(plot, AxisSide::Left);
             titles += axis && axis->fTitle == "Frequency" ? 1 : 0;
         }
@@ -177,11 +173,10 @@ TEST(Panels, MirroredHaveOneCountRangeAndTheirValuesAtBothOuterEdges)
         sample.Numbers("COUNTS", {3, 4, 5, 1, 1}).Numbers("MEANS", {10, 20, 30, 20, 40});
         sample.Texts("TYPES", {"f", "f", "f", "m", "m"});
         sample.Texts("LABELNAME", {"N = 7", "N = 7", "N = 7", "N = 2\nMean Rank = 5", ""});
-        const auto chart = sample.Resolve();
-        ASSERT_TRUE(chart);
-        ASSERT_EQ(chart->fPlots.size(), 2u);
-        const ResolvedPlot& first = chart->fPlots[0];
-        const ResolvedPlot& second = chart->fPlots[1];
+        const ResolvedChart chart = sample.Drawn();
+        ASSERT_EQ(chart.fPlots.size(), 2u);
+        const ResolvedPlot& first = chart.fPlots[0];
+        const ResolvedPlot& second = chart.fPlots[1];
         ASSERT_TRUE(FindAxis(first, row.first));
         ASSERT_TRUE(FindAxis(second, row.second));
         EXPECT_EQ(TickTexts(*FindAxis(first, row.first)), TickTexts(*FindAxis(second, row.second)));

@@ -19,26 +19,6 @@ inline const MarkLayer* FindLayer(const ResolvedPlot& plot, MarkKind kind)
     return nullptr;
 }
 
-inline std::size_t CountMarks(const ResolvedPlot& plot, MarkKind kind)
-{
-    std::size_t count = 0;
-    for (const MarkLayer& layer : plot.fLayers) {
-        count += layer.fKind == kind ? layer.fMarks.size() : 0;
-    }
-    return count;
-}
-
-inline std::vector<std::string> Texts(const ResolvedPlot& plot)
-{
-    std::vector<std::string> texts;
-    for (const MarkLayer& layer : plot.fLayers) {
-        for (const ResolvedMark& mark : layer.fMarks) {
-            if (layer.fKind == MarkKind::Text) texts.push_back(mark.fText);
-        }
-    }
-    return texts;
-}
-
 /// All marks of a kind, in drawing order.
 inline std::vector<ResolvedMark> MarksOf(const ResolvedPlot& plot, MarkKind kind)
 {
@@ -48,6 +28,19 @@ inline std::vector<ResolvedMark> MarksOf(const ResolvedPlot& plot, MarkKind kind
         marks.insert(marks.end(), layer.fMarks.begin(), layer.fMarks.end());
     }
     return marks;
+}
+
+inline std::size_t CountMarks(const ResolvedPlot& plot, MarkKind kind)
+{
+    return MarksOf(plot, kind).size();
+}
+
+inline std::vector<std::string> Texts(const ResolvedPlot& plot)
+{
+    std::vector<std::string> texts;
+    for (const ResolvedMark& mark : MarksOf(plot, MarkKind::Text))
+        texts.push_back(mark.fText);
+    return texts;
 }
 
 inline const ResolvedAxis* FindAxis(const ResolvedPlot& plot, AxisSide side)

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <memory>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -70,6 +71,14 @@ public:
         Tree();
         fNode.fDrawing = std::make_shared<ChartDrawing>(fDrawing);
         return ResolveChart(fNode, words);
+    }
+
+    /// What is drawn; a test that has nothing to look at fails.
+    ResolvedChart Drawn(const PlotWords& words = WordsOfPlots("en"))
+    {
+        const auto chart = Resolve(words);
+        if (!chart) throw std::runtime_error("nothing is drawn");
+        return std::move(*chart);
     }
 
 private:
