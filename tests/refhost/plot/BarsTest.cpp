@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <set>
 
 #include "refhost/plot/Picture.h"
 #include "refhost/plot/SampleChart.h"
@@ -83,72 +84,51 @@ TEST(Bars, ArePaleOnlyUnderACurveOrALine)
         {"<line><distributionStatistic distribution=\"normal\" parameter=\"5\" secondaryParameter=\"2\"/></line>", "#9DB8D9", "below a curve"},
         {"<lineGuide x=\"4\"/>", "#B8C4D6", "below a line"},
     }, [](const std::string& overlay) {
-        SampleChart sample(TemplateText("NPARHistogram"));
-        sample.Replace("</graph>", overlay + "</graph>");
-        sample.Numbers("value", {1, 4, 9}).Numbers("count", {2, 5, 3});
-        return FindLayer(sample.Resolve()->fPlots[0], MarkKind::Rect)->fStyle.fFill.fColor;
+        const ResolvedChart chart = Histogram({1, 4, 9}, {2, 5, 3}, overlay).Drawn();
+        return FindLayer(chart.fPlots[0], MarkKind::Rect)->fStyle.fFill.fColor;
     });
     // clang-format on
 }
 
 TEST(Bars, ShowTheStartOfAnExponentialCurve)
 {
-    struct Row {
-        std::vector<double> values;
-        bool startsAtZero;
-        const char* why;
-    };
-    for (const Row& row : {Row{{100, 250, 400}, true, "the axis reaches down to 0"},
-                           Row{{0.5, 1, 30}, true, "the bars do so already"},
-                           Row{{10'000, 10'001, 10'002}, false, "nothing would be left of them"}}) {
-        SCOPED_TRACE(row.why);
-        SampleChart sample(TemplateText("NPARHistogram"));
-        sample.Replace("</graph>",
-                       "<line><distributionStatistic distribution=\"exponential\" "
-                       "parameter=\"0.01\"/></line></graph>");
-        sample.Numbers("value", row.values).Numbers("count", {2, 5, 3});
-        const ResolvedChart chart = sample.Drawn();
+    // clang-format off
+    ExpectEach<std::vector<double>, bool>({
+        {{100, 250, 400}, true, "the axis reaches down to 0"},
+        {{0.5, 1, 30}, true, "the bars do so already"},
+        {{10'000, 10'001, 10'002}, false, "nothing would be left of them"},
+    }, [](const std::vector<double>& values) {
+        const char* const curve = "<line><distributionStatistic distribution=\"exponential\" parameter=\"0.01\"/></line>";
+        const ResolvedChart chart = Histogram(values, {2, 5, 3}, curve).Drawn();
         const ResolvedPlot& plot = chart.fPlots[0];
-        EXPECT_EQ(plot.fX.fMin == 0.0, row.startsAtZero);
-        if (!row.startsAtZero) continue;
-        const ResolvedMark first = MarksOf(plot, MarkKind::Line).front();
-        EXPECT_EQ(first.fX, 0.0);
-        EXPECT_EQ(first.fY, 0.0) << "it rises from the axis";
-        double highest = 0.0;
-        for (const ResolvedMark& point : MarksOf(plot, MarkKind::Line)) {
-            highest = std::max(highest, point.fY);
-        }
+        if (plot.fX.fMin != 0.0) return false;
+        const std::vector<ResolvedMark> points = MarksOf(plot, MarkKind::Line);
+        EXPECT_EQ(points.front().fX, 0.0);
+        EXPECT_EQ(points.front().fY, 0.0) << "it rises from the axis";
+        const double highest = std::ranges::max(points, {}, &ResolvedMark::fY).fY;
         const ResolvedMark bar = MarksOf(plot, MarkKind::Rect).front();
         EXPECT_NEAR(highest, 10 * (bar.fX2 - bar.fX) * 0.01, 1e-9) << "all of its height";
         EXPECT_GE(plot.fY.fMax, highest) << "the axis makes room";
-    }
+        return true;
+    });
+    // clang-format on
 }
 
 TEST(Bars, TellTheirEdgesWhateverTheDecimalsOfTheField)
 {
-    struct Row {
-        const char* fCurve;
-        const char* fFirst;
-        const char* fLast;
-    };
-    const Row rows[] = {
-        {"", "value = 1 \xE2\x80\x93 1.5", "value = 2.5 \xE2\x80\x93 3"},
-        {"<line><distributionStatistic distribution=\"poisson\" parameter=\"2\"/>"
-         "<x variable=\"value\"/><y variable=\"count\"/></line>",
-         "value = 1", "value = 3"},
-    };
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.fCurve);
-        SampleChart sample(TemplateText("NPARHistogram"));
-        sample.Replace("</graph>", std::string(row.fCurve) + "</graph>");
-        sample.Replace("xAxisLabel", "value");
-        sample.Numbers("value", {1, 2, 3}).Numbers("count", {1, 1, 1});
-        sample.Set("value").fHostFormat = HostFormat{5, 8, 0};
-        const ResolvedChart chart = sample.Drawn();
-        const auto& bars = FindLayer(chart.fPlots[0], MarkKind::Rect)->fMarks;
-        EXPECT_EQ(bars.front().fPopup.substr(0, bars.front().fPopup.find('\n')), row.fFirst);
-        EXPECT_EQ(bars.back().fPopup.substr(0, bars.back().fPopup.find('\n')), row.fLast);
-    }
+    using Edges = std::pair<std::string, std::string>;
+    // clang-format off
+    ExpectEach<const char*, Edges>({
+        {"", {"value = 1 \xE2\x80\x93 1.5", "value = 2.5 \xE2\x80\x93 3"}, "bins"},
+        {"<line><distributionStatistic distribution=\"poisson\" parameter=\"2\"/><x variable=\"value\"/><y variable=\"count\"/></line>", {"value = 1", "value = 3"}, "whole numbers"},
+    }, [](const std::string& curve) {
+        SampleChart sample = Histogram({1, 2, 3}, {1, 1, 1}, curve);
+        sample.Replace("xAxisLabel", "value").Set("value").fHostFormat = HostFormat{5, 8, 0};
+        const std::vector<ResolvedMark> bars = MarksOf(sample.Drawn().fPlots[0], MarkKind::Rect);
+        const auto first = [](const std::string& popup) { return popup.substr(0, popup.find('\n')); };
+        return Edges(first(bars.front().fPopup), first(bars.back().fPopup));
+    });
+    // clang-format on
 }
 
 TEST(Bars, SayWhatIsLeftOutInTheGivenLanguage)
@@ -169,31 +149,27 @@ TEST(Bars, SayWhatIsLeftOutInTheGivenLanguage)
 
 TEST(Bars, AreCutWithANoteWhereTheyAreTooMany)
 {
-    struct Row {
-        std::size_t rows;
-        std::size_t notes;
-    };
-    for (const Row& row : {Row{1000, 0}, Row{1001, 1}, Row{5000, 1}, Row{5001, 2}, Row{5300, 2}}) {
-        SCOPED_TRACE(row.rows);
+    const std::string table = "The table of the data holds the first 1000 rows.";
+    const std::string marks = "The first 5000 marks are drawn; the data have more.";
+    using Notes = std::set<std::string>;
+    // clang-format off
+    ExpectEach<std::size_t, Notes>({
+        {1000, {}}, {1001, {table}}, {5000, {table}}, {5001, {table, marks}}, {5300, {table, marks}},
+    }, [](std::size_t rows) {
         std::vector<double> places;
-        for (std::size_t at = 0; at < row.rows; ++at) {
-            // The last rows share a place, also one whose bar is left out.
+        for (std::size_t at = 0; at < rows; ++at)  // the last share a place, also one left out
             places.push_back(static_cast<double>(std::min<std::size_t>(at, 5298)));
-        }
         SampleChart sample(TemplateText("NPARKolmogorovSmirnov"));
         sample.Numbers("MEANS", places).Numbers("COUNTS", places);
-        sample.Texts("TYPES", std::vector<std::string>(row.rows, "f"));
+        sample.Texts("TYPES", std::vector<std::string>(rows, "f"));
         const ResolvedChart chart = sample.Drawn();
-        EXPECT_EQ(CountMarks(chart.fPlots[0], MarkKind::Rect),
-                  std::min<std::size_t>(row.rows, 5000));
-        ASSERT_EQ(chart.fNotes.size(), row.notes);
-        for (const std::string& note : chart.fNotes) {
-            EXPECT_TRUE(note == "The first 5000 marks are drawn; the data have more." ||
-                        note == "The table of the data holds the first 1000 rows.")
-                << note;
-        }
-        EXPECT_EQ(chart.fData.fRows.size(), std::min<std::size_t>(row.rows, 1000));
-    }
+        EXPECT_EQ(CountMarks(chart.fPlots[0], MarkKind::Rect), std::min<std::size_t>(rows, 5000));
+        EXPECT_EQ(chart.fData.fRows.size(), std::min<std::size_t>(rows, 1000));
+        const Notes notes(chart.fNotes.begin(), chart.fNotes.end());
+        EXPECT_EQ(notes.size(), chart.fNotes.size());
+        return notes;
+    });
+    // clang-format on
 }
 
 }  // namespace

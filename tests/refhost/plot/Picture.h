@@ -5,8 +5,6 @@
 
 #include "refhost/plot/ResolvedChart.h"
 
-#include "support/TemplateText.h"
-
 /// Questions to a resolved plot.
 
 namespace refhost::test {

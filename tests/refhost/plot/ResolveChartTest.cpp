@@ -12,11 +12,9 @@
 namespace refhost::test {
 namespace {
 
-SampleChart Histogram()
+SampleChart SixBars(const std::string& markup = {})
 {
-    SampleChart chart(TemplateText("NPARHistogram"));
-    chart.Numbers("value", {1, 2, 2.5, 3, 7, 9.5}).Numbers("count", {2, 5, 1, 7, 3, 2});
-    return chart;
+    return Histogram({1, 2, 2.5, 3, 7, 9.5}, {2, 5, 1, 7, 3, 2}, markup);
 }
 
 TEST(ResolveChart, DrawsNothingWithoutAVisualizationOrData)
@@ -30,11 +28,11 @@ TEST(ResolveChart, DrawsNothingWithoutAVisualizationOrData)
 
 TEST(ResolveChart, DrawsACurveOfTheAreaOfItsBars)
 {
-    SampleChart sample = Histogram();
-    sample.Replace("</graph>",
-                   "<line><distributionStatistic distribution=\"normal\" parameter=\"5\" "
-                   "secondaryParameter=\"0.8\"/></line></graph>");
-    const ResolvedChart chart = sample.Drawn();
+    const ResolvedChart chart =
+        SixBars(
+            "<line><distributionStatistic distribution=\"normal\" parameter=\"5\" "
+            "secondaryParameter=\"0.8\"/></line>")
+            .Drawn();
     const auto& bars = FindLayer(chart.fPlots[0], MarkKind::Rect)->fMarks;
     const auto& curve = FindLayer(chart.fPlots[0], MarkKind::Line)->fMarks;
     double barArea = 0, curveArea = 0;
@@ -51,7 +49,7 @@ TEST(ResolveChart, DrawsACurveOfTheAreaOfItsBars)
 
 TEST(ResolveChart, PutsGuidesWhereTheTreeSays)
 {
-    SampleChart sample = Histogram();
+    SampleChart sample = SixBars();
     tree::LineGuide guide;
     guide.fPlace = "4.25";
     sample.Tree().fGraphs.front().fLineGuides.push_back(guide);
@@ -69,7 +67,7 @@ TEST(ResolveChart, PutsGuidesWhereTheTreeSays)
 
 TEST(ResolveChart, PutsAFrameAtItsPercentageOfThePicture)
 {
-    SampleChart sample = Histogram();
+    SampleChart sample = SixBars();
     tree::LabelFrame frame;
     frame.fId = "note";
     frame.fLocations.resize(2);

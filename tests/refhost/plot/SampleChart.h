@@ -15,6 +15,8 @@
 #include "refhost/template/ReadTemplate.h"
 #include "refhost/writers/ReportWords.h"
 
+#include "support/TemplateText.h"
+
 namespace refhost::test {
 
 /// A chart node made of a template's text, columns of data and settings.
@@ -86,5 +88,15 @@ private:
     ChartDrawing fDrawing;
     bool fIsRead = false;
 };
+
+/// Bars of numbers, with further markup in the graph.
+inline SampleChart Histogram(const std::vector<double>& values, const std::vector<double>& counts,
+                             const std::string& markup = {})
+{
+    SampleChart sample(TemplateText("NPARHistogram"));
+    sample.Replace("</graph>", markup + "</graph>");
+    sample.Numbers("value", values).Numbers("count", counts);
+    return sample;
+}
 
 }  // namespace refhost::test
