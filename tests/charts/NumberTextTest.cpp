@@ -59,20 +59,15 @@ TEST(DurationText, CutsHoursAndMinutesAndRoundsSecondsByTheAddedHalf)
 
 TEST(DateFormats, DifferFromPlaceToPlace)
 {
-    struct Row {
-        int type;
-        bool onAxis;
-        bool asSpread;
-    };
-    for (const Row& row :
-         {Row{1, false, false}, Row{5, false, false}, Row{19, false, false}, Row{20, true, true},
-          Row{21, true, false}, Row{22, true, true}, Row{24, true, true}, Row{25, false, false},
-          Row{26, true, true}, Row{27, true, true}, Row{30, true, true}, Row{31, false, false},
-          Row{38, true, true}, Row{39, true, true}, Row{85, false, false}, Row{86, true, true}}) {
-        SCOPED_TRACE(row.type);
-        EXPECT_EQ(IsDateOnAxis(row.type), row.onAxis);
-        EXPECT_EQ(IsSpreadOfDates(row.type), row.asSpread);
-    }
+    using Uses = std::pair<bool, bool>;
+    const Uses none = {false, false}, both = {true, true};
+    // clang-format off
+    ExpectEach<int, Uses>({
+        {1, none}, {5, none}, {19, none}, {20, both}, {21, {true, false}, "a duration is no spread of dates"},
+        {22, both}, {24, both}, {25, none}, {26, both}, {27, both}, {30, both}, {31, none}, {38, both}, {39, both},
+        {85, none}, {86, both},
+    }, [](int type) { return Uses(IsDateOnAxis(type), IsSpreadOfDates(type)); });
+    // clang-format on
     EXPECT_EQ(HostSecondsFromDays(2), 2 * 86400 + kSecondsTo1970);
 }
 

@@ -6,6 +6,8 @@
 #include "refhost/plot/PlotScales.h"
 #include "refhost/plot/SampleChart.h"
 
+#include "support/Cases.h"
+
 namespace refhost::test {
 namespace {
 
@@ -48,24 +50,19 @@ SampleChart BoxesWithLines(const std::vector<std::string>& places)
 
 TEST(Guides, HaveTheValueOfTheOnlyLineAtItsEnd)
 {
-    struct Row {
-        std::vector<std::string> places;
-        bool isAtEnd;
-        const char* why;
-    };
-    for (const Row& row : {Row{{"3.5"}, true, "one line"}, Row{{"19"}, true, "one near the top"},
-                           Row{{"3.5", "9"}, false, "two: neither can be meant"}}) {
-        SCOPED_TRACE(row.why);
-        const ResolvedChart chart = BoxesWithLines(row.places).Drawn();
+    // clang-format off
+    ExpectEach<std::vector<std::string>, bool>({
+        {{"3.5"}, true, "one line"}, {{"19"}, true, "one near the top"},
+        {{"3.5", "9.0"}, false, "two: neither can be meant"},
+    }, [](const std::vector<std::string>& places) {
+        const ResolvedChart chart = BoxesWithLines(places).Drawn();
         const ResolvedPlot& plot = chart.fPlots[0];
-        const MarkLayer* text = FindText(plot, "a value");
-        ASSERT_TRUE(text);
-        EXPECT_GT(text->fMarks[0].fX, plot.fWidth) << "over no mark";
-        const double line = PixelAt(plot.fY, plot.fHeight, /*downwards=*/true,
-                                    MarksOf(plot, MarkKind::Rule).back().fY);
-        const double middle = text->fMarks[0].fY + 7.5;
-        EXPECT_EQ(std::fabs(middle - line) < 1e-6, row.isAtEnd) << middle << " " << line;
-    }
+        const ResolvedMark& text = FindText(plot, "a value")->fMarks[0];
+        EXPECT_GT(text.fX, plot.fWidth) << "over no mark";
+        const double line = PixelAt(plot.fY, plot.fHeight, /*downwards=*/true, MarksOf(plot, MarkKind::Rule).back().fY);
+        return std::fabs(text.fY + 7.5 - line) < 1e-6;
+    });
+    // clang-format on
 }
 
 TEST(Guides, OfARunsChartKeepTheirTextsReadable)

@@ -12,10 +12,7 @@
 namespace refhost::test {
 namespace {
 
-SampleChart SixBars(const std::string& markup = {})
-{
-    return Histogram({1, 2, 2.5, 3, 7, 9.5}, {2, 5, 1, 7, 3, 2}, markup);
-}
+SampleChart SixBars() { return Histogram({1, 2, 2.5, 3, 7, 9.5}, {2, 5, 1, 7, 3, 2}); }
 
 TEST(ResolveChart, DrawsNothingWithoutAVisualizationOrData)
 {
@@ -24,27 +21,6 @@ TEST(ResolveChart, DrawsNothingWithoutAVisualizationOrData)
     EXPECT_EQ(SampleChart(TemplateText("NPARHistogram")).Resolve(), nullptr);
     SampleChart empty(TemplateText("NPARBoxplot"));
     EXPECT_EQ(empty.Source("boxplotSource").Numbers("Value", {}).Resolve(), nullptr);
-}
-
-TEST(ResolveChart, DrawsACurveOfTheAreaOfItsBars)
-{
-    const ResolvedChart chart =
-        SixBars(
-            "<line><distributionStatistic distribution=\"normal\" parameter=\"5\" "
-            "secondaryParameter=\"0.8\"/></line>")
-            .Drawn();
-    const auto& bars = FindLayer(chart.fPlots[0], MarkKind::Rect)->fMarks;
-    const auto& curve = FindLayer(chart.fPlots[0], MarkKind::Line)->fMarks;
-    double barArea = 0, curveArea = 0;
-    for (const ResolvedMark& bar : bars) {
-        barArea += (bar.fX2 - bar.fX) * bar.fY2;
-    }
-    for (std::size_t at = 1; at < curve.size(); ++at) {
-        curveArea += (curve[at].fX - curve[at - 1].fX) * (curve[at].fY + curve[at - 1].fY) / 2;
-    }
-    EXPECT_NEAR(curveArea, barArea, barArea * 0.01);
-    EXPECT_GE(chart.fPlots[0].fY.fMax, 20 * (bars[0].fX2 - bars[0].fX) * 0.49)
-        << "the axis makes room for the curve";
 }
 
 TEST(ResolveChart, PutsGuidesWhereTheTreeSays)
