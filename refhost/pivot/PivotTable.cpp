@@ -122,17 +122,18 @@ PivotCell* BpPivotTable::Impl::CellAt(const BpCategory::Impl& category)
         fAsked[tree.Index()] = tree.Latest();
     }
     fAsked[category.fTree.Index()] = category.fNumber;
-    const auto known = fCellPlaces.find(fAsked);
-    if (known != fCellPlaces.end()) return &fNode.fCells[*known];
-    fNode.fCells.emplace_back().fAt = fAsked;
-    fCellPlaces.insert(fNode.fCells.size() - 1);
-    return &fNode.fCells.back();
+    std::vector<PivotCell>& cells = fNode.fCells;
+    if (!cells.empty() && cells.back().fAt == fAsked) return &cells.back();
+    cells.emplace_back().fAt = fAsked;
+    const auto [place, isNew] = fCellPlaces.insert(cells.size() - 1);
+    if (!isNew) cells.pop_back();
+    return &cells[*place];
 }
 
-std::size_t BpPivotTable::Impl::AtHasher::operator()(const At& at) const
+std::size_t BpPivotTable::Impl::AtHasher::operator()(std::size_t cell) const
 {
     std::size_t hash = 0;
-    for (const std::uint32_t number : at)
+    for (const std::uint32_t number : fNode.fCells[cell].fAt)
         hash = (hash ^ number) * 0x9e3779b97f4a7c15U + (hash >> 29U);
     return hash;
 }

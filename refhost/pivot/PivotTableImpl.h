@@ -116,25 +116,17 @@ public:
 private:
     using At = std::vector<std::uint32_t>;
 
-    /// Cells stand in a set by their places in the node, and are found by the numbers of their
+    /// Cells stand in a set by their places in the node, told apart by the numbers of their
     /// categories.
     struct AtHasher {
-        using is_transparent = void;
         const refhost::TableNode& fNode;
-        std::size_t operator()(const At& at) const;
-        std::size_t operator()(std::size_t cell) const { return (*this)(fNode.fCells[cell].fAt); }
+        std::size_t operator()(std::size_t cell) const;
     };
     struct AtEqual {
-        using is_transparent = void;
         const refhost::TableNode& fNode;
-        bool operator()(std::size_t a, std::size_t b) const { return a == b; }
-        bool operator()(const At& at, std::size_t cell) const
+        bool operator()(std::size_t a, std::size_t b) const
         {
-            return fNode.fCells[cell].fAt == at;
-        }
-        bool operator()(std::size_t cell, const At& at) const
-        {
-            return fNode.fCells[cell].fAt == at;
+            return fNode.fCells[a].fAt == fNode.fCells[b].fAt;
         }
     };
 
