@@ -39,9 +39,9 @@ public:
             for (const std::string_view name : fPath) {
                 next.fOpening.append("<").append(name).append(">");
             }
-            for (auto name = fPath.rbegin(); name != fPath.rend(); ++name) {
-                last.fClosing.append("</").append(*name).append(">");
-            }
+            std::for_each(fPath.rbegin(), fPath.rend(), [&last](std::string_view name) {
+                last.fClosing.append("</").append(name).append(">");
+            });
             begin = fAt;
             pieces.push_back(std::move(next));
         }

@@ -20,34 +20,34 @@ TestRecord Make()
 
 struct RecordMaker {
     TestKind fKind;
+    bool fIsInterval;  // kept in a list of its own
     TestRecord (*fMake)();
-    bool fIsInterval = false;  // kept in a list of its own
 };
 
 // clang-format off
 constexpr RecordMaker kRecordMakers[] = {
-    { 1, &Make<Stats::HTOChiSquare>},
-    { 2, &Make<Stats::HTOBinomial>},
-    { 3, &Make<Stats::HTORuns>},
-    { 4, &Make<Stats::HTOWilcoxonSignedRanks>},
-    { 5, &Make<Stats::HTOEstimateConfidenceInterval>, true},
-    { 6, &Make<Stats::HTOKolmogorovSmirnov>},
-    {11, &Make<Stats::HTRSign>},
-    {12, &Make<Stats::HTRWilcoxonSignedRanks>},
-    {13, &Make<Stats::HTRCochransQ>},
-    {14, &Make<Stats::HTRMcNemar>},
-    {15, &Make<Stats::HTRFriedmansTwoWayByRanks>},
-    {16, &Make<Stats::HTRKendallsCoefficient>},
-    {17, &Make<Stats::HTRMarginalHomogeneity>},
-    {18, &Make<Stats::HTRHodgesLehmannEstimatePairs>, true},
-    {19, &Make<Stats::HTIHodgesLehmannEstimateGroups>, true},
-    {20, &Make<Stats::HTIMoses>},
-    {21, &Make<Stats::HTIMannWhitneyU>},
-    {22, &Make<Stats::HTIWaldWolfowitzRuns>},
-    {23, &Make<Stats::HTIKolmogorovSmirnov>},
-    {24, &Make<Stats::HTIKruskalWallis>},
-    {25, &Make<Stats::HTIJonckheereTerpstra>},
-    {26, &Make<Stats::HTIMedian>},
+    { 1, false, &Make<Stats::HTOChiSquare>},
+    { 2, false, &Make<Stats::HTOBinomial>},
+    { 3, false, &Make<Stats::HTORuns>},
+    { 4, false, &Make<Stats::HTOWilcoxonSignedRanks>},
+    { 5, true,  &Make<Stats::HTOEstimateConfidenceInterval>},
+    { 6, false, &Make<Stats::HTOKolmogorovSmirnov>},
+    {11, false, &Make<Stats::HTRSign>},
+    {12, false, &Make<Stats::HTRWilcoxonSignedRanks>},
+    {13, false, &Make<Stats::HTRCochransQ>},
+    {14, false, &Make<Stats::HTRMcNemar>},
+    {15, false, &Make<Stats::HTRFriedmansTwoWayByRanks>},
+    {16, false, &Make<Stats::HTRKendallsCoefficient>},
+    {17, false, &Make<Stats::HTRMarginalHomogeneity>},
+    {18, true,  &Make<Stats::HTRHodgesLehmannEstimatePairs>},
+    {19, true,  &Make<Stats::HTIHodgesLehmannEstimateGroups>},
+    {20, false, &Make<Stats::HTIMoses>},
+    {21, false, &Make<Stats::HTIMannWhitneyU>},
+    {22, false, &Make<Stats::HTIWaldWolfowitzRuns>},
+    {23, false, &Make<Stats::HTIKolmogorovSmirnov>},
+    {24, false, &Make<Stats::HTIKruskalWallis>},
+    {25, false, &Make<Stats::HTIJonckheereTerpstra>},
+    {26, false, &Make<Stats::HTIMedian>},
 };
 // clang-format on
 
