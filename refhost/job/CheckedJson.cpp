@@ -5,7 +5,6 @@
 #include <set>
 #include <string>
 #include <string_view>
-#include <unordered_set>
 #include <vector>
 
 #include <fmt/format.h>
@@ -161,7 +160,8 @@ std::string LineText(std::string_view text, std::size_t offset)
 }
 
 /// The place, from the value on, of the first key that stands twice in one object; empty where none
-/// does.
+/// does. The value keeps to the schema, which knows few keys: the first that comes again does so
+/// among the first of its object.
 std::string FindRepeatedKey(const json::Value& value)
 {
     if (value.IsArray()) {
@@ -170,11 +170,13 @@ std::string FindRepeatedKey(const json::Value& value)
             if (!found.empty()) return fmt::format("/{}{}", item, found);
         }
     } else if (value.IsObject()) {
-        std::unordered_set<std::string_view> keys;
-        for (const auto& [name, member] : value.GetObject()) {
-            const std::string_view key(name.GetString(), name.GetStringLength());
-            if (!keys.insert(key).second) return fmt::format("/{}", key);
-            const std::string found = FindRepeatedKey(member);
+        for (auto member = value.MemberBegin(); member != value.MemberEnd(); ++member) {
+            const std::string_view key(member->name.GetString(), member->name.GetStringLength());
+            const bool isRepeated = std::any_of(
+                value.MemberBegin(), member,
+                [&member](const auto& earlier) { return earlier.name == member->name; });
+            if (isRepeated) return fmt::format("/{}", key);
+            const std::string found = FindRepeatedKey(member->value);
             if (!found.empty()) return fmt::format("/{}{}", key, found);
         }
     }

@@ -1,6 +1,7 @@
 #include "refhost/job/JobFile.h"
 
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string_view>
 #include <unordered_set>
@@ -67,6 +68,9 @@ public:
     }
 
 private:
+    /// Names a place; called only where something is wrong there.
+    using Place = std::function<std::string()>;
+
     [[noreturn]] void Fail(const std::string& place, const std::string& reason) const
     {
         throw JobError(fmt::format("{}: {}: {}", fName, place, reason));
@@ -94,15 +98,17 @@ private:
         std::vector<VariableData> variables;
         std::unordered_set<std::string> names;
         for (const Value& item : list.GetArray()) {
-            const std::string place = fmt::format("/variables/{}", variables.size());
+            const Place place = [number = variables.size()] {
+                return fmt::format("/variables/{}", number);
+            };
             variables.push_back(ReadVariable(item, place));
             if (!names.insert(variables.back().fName).second)
-                Fail(place + "/name", "another variable has this name");
+                Fail(place() + "/name", "another variable has this name");
         }
         return MakeDataSource(std::move(variables));
     }
 
-    VariableData ReadVariable(const Value& item, const std::string& place) const
+    VariableData ReadVariable(const Value& item, const Place& place) const
     {
         VariableData variable;
         variable.fName = TextOf(item["name"]);
@@ -113,8 +119,9 @@ private:
         const Value* labels = Member(item, "valueLabels");
         if (!labels) return variable;
         for (const Value& entry : labels->GetArray()) {
-            const std::string entryPlace =
-                fmt::format("{}/valueLabels/{}/value", place, variable.fValueLabels.size());
+            const Place entryPlace = [&place, number = variable.fValueLabels.size()] {
+                return fmt::format("{}/valueLabels/{}/value", place(), number);
+            };
             variable.fValueLabels.push_back(
                 {ReadValue(entry["value"], variable.fIsString, variable.fFormat, entryPlace),
                  TextOf(entry["label"])});
@@ -131,19 +138,19 @@ private:
 
     /// Null is the missing number; a date may be a text.
     OBS ReadValue(const Value& value, bool isString, const QORT_Format& format,
-                  const std::string& place) const
+                  const Place& place) const
     {
         if (isString) {
-            if (!value.IsString()) Fail(place, "a string variable has texts");
+            if (!value.IsString()) Fail(place(), "a string variable has texts");
             return OBS(PaddedText(TextOf(value), format));
         }
         if (value.IsNull()) return OBS(kMissingValue);
         if (value.IsNumber()) return OBS(value.GetDouble());
         const DateFormatRow* date = FindDateFormat(format.fType);
         if (!date || date->fLayout == DateLayout::Duration)
-            Fail(place, "a numeric variable has numbers");
+            Fail(place(), "a numeric variable has numbers");
         const std::optional<double> seconds = ParseIsoDate(TextOf(value));
-        if (!seconds) Fail(place, fmt::format("\"{}\" is no date", value.GetString()));
+        if (!seconds) Fail(place(), fmt::format("\"{}\" is no date", value.GetString()));
         return OBS(DocumentNumber(*seconds, date->fLayout));
     }
 
@@ -176,9 +183,9 @@ private:
         for (const int index : split.fVariables) {
             const QORT_Variable& variable = *fSource->GetVariable(index);
             const auto position = static_cast<rapidjson::SizeType>(split.fValues.size());
-            split.fValues.push_back(ReadValue((*values)[position], variable.GetType() != 0,
-                                              variable.GetFormat(),
-                                              fmt::format("{}/values/{}", place, position)));
+            split.fValues.push_back(ReadValue(
+                (*values)[position], variable.GetType() != 0, variable.GetFormat(),
+                [&place, position] { return fmt::format("{}/values/{}", place, position); }));
         }
         return split;
     }
