@@ -48,7 +48,8 @@ std::optional<XmlTree> ParseWhole(const std::string& document, ReadFailure& fail
     return builder.Take();
 }
 
-/// Nothing: it can't be cut, or one of its pieces can't be read; why is for the whole to tell.
+/// Nothing: it can't be cut, or one of its pieces can't be read or holds bytes that are no
+/// well-formed UTF-8; why is for the whole to tell.
 std::optional<XmlTree> ParseSideBySide(const std::string& document, std::size_t threads)
 try {
     const std::vector<DocumentPiece> pieces = CutDocument(document, threads);
@@ -64,7 +65,8 @@ try {
 
     const auto read = [&](std::size_t place) {
         ReadFailure failure;
-        return XmlScanner().Read(pieces[place], builders[place], failure);
+        return XmlScanner().Read(pieces[place], builders[place], failure) &&
+               !FindIllFormedUtf8(pieces[place].fBody);
     };
     std::vector<std::future<bool>> others;
     others.reserve(pieces.size());
@@ -120,8 +122,10 @@ try {
     }
     std::optional<XmlTree> tree;
     if (threads > 1) tree = ParseSideBySide(document, threads);
-    if (!tree) tree = ParseWhole(document, failure);
-    if (HasIllFormedUtf8(document, failure) || !tree) return {};
+    if (!tree) {
+        tree = ParseWhole(document, failure);
+        if (HasIllFormedUtf8(document, failure) || !tree) return {};
+    }
     std::string overlooked = FindOverlookedBytes(document);
     if (overlooked.empty()) return tree;
     failure = {std::move(overlooked)};
