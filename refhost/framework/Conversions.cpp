@@ -20,21 +20,6 @@ std::size_t FindFrom(std::string_view text, std::size_t place, bool isBlank)
     return place;
 }
 
-/// The number of tokens before the first that has a quote in it: mostly that of all. Names of
-/// columns are kept, so room that is not needed counts.
-std::size_t PlainTokens(std::string_view text)
-{
-    std::size_t count = 0;
-    bool isBetween = true;
-    for (const char character : text) {
-        if (character == '"') break;
-        const bool isBlank = refhost::IsBlank(character);
-        if (isBetween && !isBlank) ++count;
-        isBetween = isBlank;
-    }
-    return count;
-}
-
 /// Takes the token that begins with the quote at `place`; leaves `place` behind it.
 std::string TakeQuotedToken(std::string_view text, std::size_t& place)
 {
@@ -65,7 +50,6 @@ double String2Double(const std::string& text)
 void SplitToToken(const std::string& text, std::vector<std::string>& tokens)
 {
     const std::string_view view = text;
-    if (tokens.empty()) tokens.reserve(PlainTokens(view));
     std::size_t place = FindFrom(view, 0, false);
     while (place < view.size()) {
         std::string& token = tokens.emplace_back();

@@ -18,7 +18,7 @@ protected:
         test.fPairwise.fFieldIndex = kFeed;
         test.fPairwise.fInfo.fRows = info;
         test.fPairwise.fContent.fRows = {{0, 1, 1, 2, 3, 4, 5}, {0, 2, 1, 2, 3, 4, 5}};
-        test.fPairwise.fContent.fColumnNames.assign(columns, "");
+        test.fPairwise.fContent.fColumnNames.Append(std::vector<std::string>(columns));
         return BrokenBy([&] { Output().PostHocTable(fOutput.Procedure(), test, nullptr); });
     }
 };

@@ -9,6 +9,7 @@
 #include "host/framework/SDOMXMLWrapper.h"
 
 #include "support/Cases.h"
+#include "support/Reading.h"
 
 namespace {
 
@@ -48,7 +49,7 @@ TEST(ToNumericTable, KeepsShapesApart)
     NumericTable table;
     ASSERT_TRUE(ToNumericTable(data, table));
     EXPECT_EQ(table.fName, "Content");
-    EXPECT_THAT(table.fRowNames, ElementsAre("a", "b c"));
+    EXPECT_THAT(NamesIn(table.fRowNames), ElementsAre("a", "b c"));
     EXPECT_THAT(table.fColumnNames, IsEmpty());
     EXPECT_THAT(table.fRows, ElementsAre(ElementsAre(1, 2, 3), IsEmpty(), ElementsAre(4)));
 }
@@ -58,8 +59,8 @@ TEST(ToNumericTable, KeepsWhatAnEmptyRowHeldBefore)
     NumericTable table;
     ToNumericTable({"", "old", "old", {"1 2", "3", "5"}}, table);
     ToNumericTable({"", "new", "new", {"", "4"}}, table);
-    EXPECT_THAT(table.fRowNames, ElementsAre("new"));
-    EXPECT_THAT(table.fColumnNames, ElementsAre("new"));
+    EXPECT_THAT(NamesIn(table.fRowNames), ElementsAre("new"));
+    EXPECT_THAT(NamesIn(table.fColumnNames), ElementsAre("new"));
     EXPECT_THAT(table.fRows, ElementsAre(ElementsAre(1, 2), ElementsAre(4)));
 }
 

@@ -156,7 +156,7 @@ TEST(ReadCategoryComparison, TakesListsTableAndTheValuesOutside)
     ASSERT_TRUE(reading.fRead);
     const auto& comparison = reading.First<Stats::HTRMcNemar>()->fComparison;
     EXPECT_THAT(comparison.fRowSuccessList, ElementsAre(0, MissingValue));
-    EXPECT_THAT(comparison.fTable.fColumnNames, ElementsAre("c0", "c1"))
+    EXPECT_THAT(NamesIn(comparison.fTable.fColumnNames), ElementsAre("c0", "c1"))
         << "the lists of the table, not the attributes of those names";
     EXPECT_THAT(comparison.fRowValsNotInCategories, ElementsAre("row", ""));
     EXPECT_THAT(comparison.fColumnValsNotInCategories, ElementsAre("column", ""));

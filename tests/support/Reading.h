@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <memory>
 #include <string>
 #include <utility>
@@ -8,11 +9,20 @@
 #include "reader/NOPRParseOutXML.h"
 
 #include "model/NOPRTestRecords.h"
+#include "model/NameList.h"
 #include "model/RecordOf.h"
 
 #include "refhost/data/VariableData.h"
 
 #include "support/CollectedOutput.h"
+
+inline std::vector<std::string> NamesIn(const NameList& list)
+{
+    std::vector<std::string> names;
+    for (std::size_t place = 0; place < list.size(); ++place)
+        names.emplace_back(list[place]);
+    return names;
+}
 
 /// One document, read: the container, whether the read succeeded and what was reported.
 class Reading {

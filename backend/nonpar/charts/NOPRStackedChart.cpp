@@ -95,7 +95,7 @@ int NOPRStackedChart::FillChartData(const NumericTable& table, VarDataProcessor&
 int NOPRStackedChart::FillBar(const NumericTable& table, std::size_t bar, int row,
                               VarDataProcessor& processor)
 {
-    const std::string& rowName = table.fRowNames[bar];
+    const std::string rowName(table.fRowNames[bar]);
     const std::vector<double>& percentages = table.fRows[bar];
     const std::size_t segmentCount = std::min(table.fColumnNames.size(), percentages.size());
     const std::string barText = SeriesLabel(rowName);
@@ -104,7 +104,8 @@ int NOPRStackedChart::FillBar(const NumericTable& table, std::size_t bar, int ro
     std::vector<std::string> segmentTexts;
     std::string wholeBar;
     for (std::size_t segment = 0; segment < segmentCount; ++segment) {
-        segmentTexts.push_back(CategoryLabel(rowName, table.fColumnNames[segment], false));
+        const std::string columnName(table.fColumnNames[segment]);
+        segmentTexts.push_back(CategoryLabel(rowName, columnName, false));
         wholeBar += segmentTexts.back() + " " + FormatValue(percentages[segment], &format) + "%\n";
     }
 

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "model/NOPRTestIdentity.h"
+#include "model/NameList.h"
 
 #include "host/framework/CFStatVariableValue.h"
 
@@ -19,8 +20,8 @@ struct SplitResult;
 /// A table of numbers. Nothing ties the three lists together: who reads a table checks its shape.
 struct NumericTable {
     std::string fName;
-    std::vector<std::string> fRowNames;
-    std::vector<std::string> fColumnNames;
+    NameList fRowNames;
+    NameList fColumnNames;
     std::vector<std::vector<double>> fRows;
 };
 

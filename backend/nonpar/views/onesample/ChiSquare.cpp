@@ -155,7 +155,7 @@ int ChiSquare::FillChartData(VarDataProcessor& processor) const
     int row = 0;
     const std::size_t categoryCount = std::min(table.fRowNames.size(), table.fRows.size());
     for (std::size_t category = 0; category < categoryCount; ++category) {
-        const std::string& name = table.fRowNames[category];
+        const std::string name(table.fRowNames[category]);
         const std::vector<double>& frequencies = table.fRows[category];
         if (frequencies.size() < 2) continue;
         const std::string text =

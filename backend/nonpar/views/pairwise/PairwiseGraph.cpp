@@ -110,10 +110,9 @@ std::optional<std::vector<double>> PairwiseGraph::State::NamedSamples(
 std::vector<double> PairwiseGraph::ColumnValues(const std::string& name, bool raw) const
 {
     const NumericTable& content = fState->fPairwise->fContent;
-    const auto found = std::find(content.fColumnNames.begin(), content.fColumnNames.end(), name);
+    const std::size_t column = content.fColumnNames.Find(name);
     std::vector<double> values;
-    if (found == content.fColumnNames.end()) return values;
-    const auto column = static_cast<std::size_t>(found - content.fColumnNames.begin());
+    if (column == content.fColumnNames.size()) return values;
     const std::vector<double>& samples = fState->Samples();
     for (const std::vector<double>& row : content.fRows) {
         const double number = column < row.size() ? row[column] : MissingValue;
