@@ -146,8 +146,12 @@ BoxPen::BoxPen(ChartContext& context, const tree::Element& element, const PlotSp
 std::map<double, Group> BoxPen::GroupRows(const Panel& panel) const
 {
     std::map<double, Group> groups;
+    std::optional<double> place;
+    std::optional<std::size_t> before;  // the row whose place it is
     for (const std::size_t row : panel.fRows) {
-        const auto place = fAlong.Place(*fX, row);
+        const bool isSame = before && *before + 1 == row && fX->Repeats(row);
+        if (!isSame) place = fAlong.Place(*fX, row);
+        before = row;
         const auto value = fY->Number(row);
         if (!place || !value) continue;
         Group& group = groups[*place];

@@ -26,9 +26,8 @@ HeldKeys KeysOf(const DataVariable& variable)
     HeldKeys keys;
     std::string room;
     for (std::size_t row = 0; row < variable.Rows(); ++row) {
-        if (variable.IsAbsent(row)) continue;
+        if (variable.Repeats(row) || variable.IsAbsent(row)) continue;
         const std::string_view key = variable.Key(row, room);
-        if (!keys.fInOrder.empty() && keys.fInOrder.back() == key) continue;  // as rows often stand
         const auto place = keys.fFirstRows.lower_bound(key);
         if (place != keys.fFirstRows.end() && place->first == key) continue;
         keys.fInOrder.emplace_back(key);

@@ -88,6 +88,11 @@ bool DataVariable::IsAbsent(std::size_t row) const
     return std::holds_alternative<std::monostate>(value);
 }
 
+bool DataVariable::Repeats(std::size_t row) const
+{
+    return row > 0 && Value(row) == Value(row - 1);
+}
+
 std::optional<double> DataVariable::Number(std::size_t row) const
 {
     const auto* number = std::get_if<double>(&Value(row));

@@ -23,6 +23,9 @@ public:
     /// Absent where there is no such row, and for the missing number.
     bool IsAbsent(std::size_t row) const;
 
+    /// Whether the row holds what the row before it holds, as groups of rows do.
+    bool Repeats(std::size_t row) const;
+
     /// Nothing for texts. Dates are milliseconds since 1970.
     std::optional<double> Number(std::size_t row) const;
 

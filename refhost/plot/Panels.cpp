@@ -75,6 +75,12 @@ std::optional<std::size_t> PlaceOf(const FacetValues& facet, std::size_t row)
     return facet.fCategories.Find(facet.fVariable->Key(row, room));
 }
 
+/// Whether a row goes where the row before it goes.
+bool StaysAt(const FacetValues& facet, std::size_t row)
+{
+    return row > 0 && (!facet.fVariable || facet.fVariable->Repeats(row));
+}
+
 /// Rows of the longest source that an element reads.
 std::size_t RowCount(const ChartContext& context)
 {
@@ -114,9 +120,10 @@ void DealRows(std::size_t count, const FacetValues& rows, const FacetValues& col
               std::vector<Panel>& panels)
 {
     const std::size_t width = columns.Places();
+    std::optional<std::size_t> inRow, inColumn;
     for (std::size_t row = 0; row < count; ++row) {
-        const auto inRow = PlaceOf(rows, row);
-        const auto inColumn = PlaceOf(columns, row);
+        if (!StaysAt(rows, row)) inRow = PlaceOf(rows, row);
+        if (!StaysAt(columns, row)) inColumn = PlaceOf(columns, row);
         if (!inRow || !inColumn) continue;
         panels[*inRow * width + *inColumn].fRows.push_back(row);
     }
