@@ -1,19 +1,66 @@
 #include "refhost/template/TemplateGrammar.h"
 
-#include <unordered_map>
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <iterator>
 
 namespace refhost {
 
+namespace {
+
+constexpr std::size_t kMostAttributes = 8;
+
+/// The attributes of each row of the grammar, apart; empty behind the last.
+constexpr auto kAttributes = [] {
+    std::array<std::array<std::string_view, kMostAttributes>, std::size(kGrammar)> lists{};
+    for (std::size_t row = 0; row < lists.size(); ++row) {
+        std::string_view rest = kGrammar[row].fAttributes;
+        for (std::size_t place = 0; !rest.empty(); ++place) {
+            const std::size_t end = std::min(rest.find(' '), rest.size());
+            lists[row].at(place) = rest.substr(0, end);
+            rest.remove_prefix(std::min(end + 1, rest.size()));
+        }
+    }
+    return lists;
+}();
+
+// Elements by their ends and their length: far more slots than rows, so that one look mostly does.
+constexpr std::size_t kSlots = 256;
+
+constexpr std::size_t SlotOf(std::string_view name)
+{
+    const auto code = [](char letter) { return static_cast<std::size_t>(letter & 0x7F); };
+    return (code(name.front()) * 31 + code(name.back()) * 7 + name.size()) % kSlots;
+}
+
+constexpr auto kBySlot = [] {
+    std::array<const GrammarRow*, kSlots> slots{};
+    for (const GrammarRow& row : kGrammar) {
+        std::size_t slot = SlotOf(row.fElement);
+        while (slots.at(slot))
+            slot = (slot + 1) % kSlots;
+        slots.at(slot) = &row;
+    }
+    return slots;
+}();
+
+}  // namespace
+
 const GrammarRow* FindElement(std::string_view name)
 {
-    static const auto kByName = [] {
-        std::unordered_map<std::string_view, const GrammarRow*> rows;
-        for (const GrammarRow& row : kGrammar)
-            rows.emplace(row.fElement, &row);
-        return rows;
-    }();
-    const auto found = kByName.find(name);
-    return found == kByName.end() ? nullptr : found->second;
+    if (name.empty()) return nullptr;
+    std::size_t slot = SlotOf(name);
+    while (kBySlot[slot] && kBySlot[slot]->fElement != name)
+        slot = (slot + 1) % kSlots;
+    return kBySlot[slot];
+}
+
+bool HasAttribute(const GrammarRow& row, std::string_view name)
+{
+    const auto& attributes = kAttributes[static_cast<std::size_t>(&row - kGrammar)];
+    return !name.empty() &&
+           std::find(attributes.begin(), attributes.end(), name) != attributes.end();
 }
 
 }  // namespace refhost

@@ -71,15 +71,7 @@ inline constexpr std::string_view kTextElement = "text";
 /// Null for a name that is no element of the language.
 const GrammarRow* FindElement(std::string_view name);
 
-constexpr bool HasAttribute(const GrammarRow& row, std::string_view name)
-{
-    std::string_view rest = row.fAttributes;
-    while (!rest.empty()) {
-        const auto end = rest.find(' ');
-        if (rest.substr(0, end) == name) return true;
-        rest.remove_prefix(end == std::string_view::npos ? rest.size() : end + 1);
-    }
-    return false;
-}
+/// Of a row of the grammar.
+bool HasAttribute(const GrammarRow& row, std::string_view name);
 
 }  // namespace refhost
