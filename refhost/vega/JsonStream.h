@@ -42,7 +42,16 @@ public:
     void ForeignKey(std::string_view name);
 
     void Value(std::string_view text);
-    void Value(const char* text) { Value(std::string_view(text)); }
+
+    /// Words are the format's own, as names are, and hold nothing that needs an escape.
+    void Value(const char* word)
+    {
+        Separate();
+        Put('"');
+        Append(word);
+        Put('"');
+        fIsBehindValue = true;
+    }
     void Value(double number);
     void Value(int number);
     void Value(bool flag) { Written(flag ? "true" : "false"); }

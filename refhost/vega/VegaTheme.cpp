@@ -59,7 +59,7 @@ constexpr GroundColors kLight = {"white",   "#1F2937", "#4B5563", "#9CA3AF", "#E
 constexpr GroundColors kDark =  {"#111827", "#E5E7EB", "#B6C0CE", "#6B7280", "#2D3746", "#4B5563", true};
 // clang-format on
 
-constexpr const char* kFont =
+constexpr std::string_view kFont =
     "\"Segoe UI\", system-ui, -apple-system, \"Helvetica Neue\", Arial, \"DejaVu Sans\", "
     "sans-serif";
 
