@@ -77,8 +77,8 @@ void VarDataProcessor::Impl::AddColumn(const char* source, const char* column)
     found->fColumns.push_back({column, {}});
 }
 
-std::vector<refhost::ChartValue>* VarDataProcessor::Impl::ValuesFor(const char* source,
-                                                                    const char* column, int row)
+refhost::ChartValue* VarDataProcessor::Impl::PlaceFor(const char* source, const char* column,
+                                                      int row)
 {
     refhost::ChartSource* const found = Find(source);
     if (!found || row < 0) return nullptr;
@@ -86,24 +86,19 @@ std::vector<refhost::ChartValue>* VarDataProcessor::Impl::ValuesFor(const char* 
     if (place > found->fRows + kLargestGap) return nullptr;
     refhost::ChartSource::Column* const entry = FindColumn(*found, column);
     if (!entry) return nullptr;
-    found->fRows = std::max(found->fRows, place + 1);
-    if (entry->fValues.empty()) entry->fValues.reserve(kUsualRows);
-    return &entry->fValues;
+    if (place >= found->fRows) found->fRows = place + 1;
+    std::vector<refhost::ChartValue>& values = entry->fValues;
+    if (place < values.size()) return &values[place];
+    if (values.empty()) values.reserve(kUsualRows);
+    if (place > values.size()) values.resize(place);
+    return &values.emplace_back();
 }
 
 template <class Value>
 void VarDataProcessor::Impl::Set(const char* source, const char* column, int row,
                                  const Value& value)
 {
-    std::vector<refhost::ChartValue>* const values = ValuesFor(source, column, row);
-    if (!values) return;
-    const auto place = static_cast<std::size_t>(row);
-    if (place == values->size()) {
-        values->emplace_back(value);
-        return;
-    }
-    if (place > values->size()) values->resize(place + 1);
-    (*values)[place] = value;
+    if (refhost::ChartValue* const place = PlaceFor(source, column, row)) *place = value;
 }
 
 void VarDataProcessor::Impl::CountText(const std::string& text)

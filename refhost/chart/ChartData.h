@@ -28,8 +28,8 @@ private:
     refhost::ChartSource* Find(const char* source);
     refhost::ChartSource::Column* FindColumn(refhost::ChartSource& source, const char* name);
 
-    /// The values that one for this row is to be put into; null where it is passed over.
-    std::vector<refhost::ChartValue>* ValuesFor(const char* source, const char* column, int row);
+    /// Where a value for this row is to be put; null where it is passed over.
+    refhost::ChartValue* PlaceFor(const char* source, const char* column, int row);
 
     refhost::SharedList<refhost::ChartSource> fSources;
     std::size_t fRecentSource = 0;  // of the last value, and most likely of the next
