@@ -60,7 +60,7 @@ char* WriteShortest(char* room, double number)
     constexpr double kFirstWithExponent = 100'000.0;
     if (std::fabs(number) < kFirstWithExponent) {
         const int whole = static_cast<int>(number);
-        if (whole == number && whole != 0)  // a zero may have a sign
+        if (whole == number && (whole != 0 || !std::signbit(number)))
             return std::to_chars(room, room + kLongestNumber, whole).ptr;
     }
     const ShortDecimal decimal = ShortDecimalOf(number);
