@@ -83,9 +83,10 @@ bool IsAsciiBlock(std::string_view text, std::size_t place)
 /// Whether the XML declaration names an encoding other than UTF-8.
 bool NamesOtherEncoding(std::string_view document)
 {
+    if (!document.starts_with("<?xml")) return false;
     const std::string_view declaration = document.substr(0, document.find("?>"));
     const std::size_t name = declaration.find("encoding");
-    if (!declaration.starts_with("<?xml") || name == std::string_view::npos) return false;
+    if (name == std::string_view::npos) return false;
     const std::size_t quote = declaration.find_first_of("\"'", name);
     if (quote == std::string_view::npos) return false;
     const std::string_view encoding = declaration.substr(quote + 1, 5);
