@@ -145,11 +145,15 @@ private:
         return at;
     }
 
-    std::size_t NameEnd(std::size_t at) const
+    /// A name behind an attribute is looked at to tell the attribute's end, and then read.
+    std::size_t NameEnd(std::size_t at)
     {
-        while (at < fText.size() && kNameCharacters.Has(fText[at]))
-            ++at;
-        return at;
+        if (at != fNamePlace) {
+            fNamePlace = fNameEnd = at;
+            while (fNameEnd < fText.size() && kNameCharacters.Has(fText[fNameEnd]))
+                ++fNameEnd;
+        }
+        return fNameEnd;
     }
 
     /// The start of a tag of the language, if there is one at this place. A tag's end is told by
@@ -163,7 +167,7 @@ private:
         return fTag;
     }
 
-    Tag FindTag(std::size_t at) const
+    Tag FindTag(std::size_t at)
     {
         if (!Has(at, "<")) return {};
         const bool closes = Has(at, "</");
@@ -225,9 +229,10 @@ private:
         const std::size_t begin = nameEnd + 2;
         const std::size_t end = AttributeEnd(begin, element);
         if (end == std::string_view::npos) return false;
-        fOut.append(" ").append(name).append("=\"");
+        fOut += ' ';
+        fOut.append(fText, fAt, begin - fAt);
         AppendEscaped(fOut, fText.substr(begin, end - begin));
-        fOut.append("\"");
+        fOut += '"';
         fAt = end + 1;
         return true;
     }
@@ -289,6 +294,8 @@ private:
     std::size_t fAt = 0;
     std::size_t fTagPlace = std::string_view::npos;  // that was looked at last
     Tag fTag;
+    std::size_t fNamePlace = std::string_view::npos;  // likewise
+    std::size_t fNameEnd = 0;
     std::string fOut;
     std::vector<std::string_view> fGiven;  // attributes of the tag, up to here
     bool fNoMoreProperEnds = false;
