@@ -145,9 +145,9 @@ RunOutcome RunJob(const RunOptions& options)
     const TextTable::Scope active(texts);
     const SplitEnd end =
         RunAllSplits({job, plugin, host, language, options.fQuiet}, *sink, options.fJobs);
-    if (!end.fLine.empty()) TellError(end.fLine);
     sink->End(end.fEnd);
     place.Keep();
+    if (!end.fLine.empty()) TellError(end.fLine);  // last: where the output fails, that is told
     return end.fOutcome;
 }
 
