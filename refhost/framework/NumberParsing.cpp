@@ -52,9 +52,42 @@ int ClampedToInt(double value)
     return static_cast<int>(std::clamp(value, kLeast, kMost));
 }
 
+/// Of digits with at most one point among them, which nearly all numbers of a document are. A whole
+/// number of 15 digits and the powers of ten that may divide it are exact as doubles, so the one
+/// division rounds as the text itself would be; nothing for any other text.
+std::optional<double> ShortDecimal(std::string_view number)
+{
+    constexpr std::size_t kExactDigits = 15;
+    constexpr double kPowers[kExactDigits + 1] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                                  1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+    const bool negative = number.starts_with('-');
+    if (negative) number.remove_prefix(1);
+    if (number.size() > kExactDigits + 1) return {};
+
+    std::int64_t whole = 0;
+    std::size_t digits = 0;
+    std::size_t beforePoint = number.size();
+    for (const char character : number) {
+        const auto digit = static_cast<unsigned char>(character - '0');
+        if (digit <= 9) {
+            whole = whole * 10 + digit;
+            ++digits;
+        } else if (character == '.' && beforePoint == number.size()) {
+            beforePoint = digits;
+        } else {
+            return {};
+        }
+    }
+    if (digits == 0 || digits > kExactDigits) return {};
+    const std::size_t decimals = beforePoint < digits ? digits - beforePoint : 0;
+    const double value = static_cast<double>(whole) / kPowers[decimals];
+    return negative ? -value : value;
+}
+
 /// Of a text that `NumberPart` gave.
 std::optional<double> DoubleOf(std::string_view number)
 {
+    if (const auto decimal = ShortDecimal(number)) return decimal;
     const char* end = number.data() + number.size();
     double value = 0.0;
     const auto read = std::from_chars(number.data(), end, value);

@@ -17,6 +17,9 @@ TEST(String2Double, ReadsWhollyFiniteNumbersAlone)
     ExpectEach<std::string, double>({
         {"1.5", 1.5, "a number"}, {"-2e3", -2000, "scientific"}, {"+4", 4, "a leading plus"},
         {"5.", 5, "nothing behind the point"}, {".5", 0.5, "nothing before it"},
+        {"-0.3", -0.3, "no tenth is exact"}, {"1.2.3", kMissingValue, "two points"},
+        {"0.00000000000007", 7e-14, "15 digits"}, {"123456789012.345", 123456789012.345, "15 digits"},
+        {"9007199254740993", 9007199254740992, "16 digits, halfway between two numbers"},
         {" \t1\r\n", 1, "blanks and line ends around it"},
         {"1e-400", 0, "an underflow"}, {"-1e-400", 0, "an underflow"},
         {"0." + std::string(500, '0') + "1", 0, "an underflow without an exponent"},
