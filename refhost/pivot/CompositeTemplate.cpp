@@ -116,6 +116,14 @@ void AppendItem(std::string_view form, char mark, std::span<const TextRef> membe
     }
 }
 
+/// The first place from `at` on where a form may begin; the end where there is none.
+std::size_t MarkFrom(std::string_view text, std::size_t at)
+{
+    while (at < text.size() && text[at] != '^' && text[at] != '[')
+        ++at;
+    return at;
+}
+
 void AppendList(const ListForm& form, const CompositePart& part, std::string& out)
 {
     const std::size_t step = MembersOfItem(form.fFirst);
@@ -135,6 +143,11 @@ std::string FillTemplate(std::string_view text, const std::vector<CompositePart>
     ListForms lists(text);
     std::size_t at = 0;
     while (at < text.size()) {
+        const std::size_t mark = MarkFrom(text, at);
+        out += text.substr(at, mark - at);
+        at = mark;
+        if (at == text.size()) break;
+
         const std::optional<ListForm> list = lists.At(at);
         const std::optional<std::size_t> place =
             text[at] == '^' ? PlaceAt(text, at + 1) : std::optional<std::size_t>();
