@@ -19,10 +19,17 @@ Record& AppendChild(std::vector<Record>& list, ChildRef::Kind childKind,
     return list.emplace_back();
 }
 
+/// Most tables have a few attributes, and lists that begin with room for them don't move.
+constexpr std::size_t kUsualAttributes = 4;
+
 bool ReadChild(const SDOMXMLWrapper& child, StructuredTableData& data)
 {
     const std::string& tag = child.GetName();
     if (tag == "Attribute") {
+        if (data.fAttributes.empty()) {
+            data.fAttributes.reserve(kUsualAttributes);
+            data.fChildOrder.reserve(data.fChildOrder.size() + kUsualAttributes);
+        }
         auto& attribute = AppendChild(data.fAttributes, ChildRef::kAttribute, data.fChildOrder);
         return ReadAttribute(child, attribute.fName, attribute.fValue);
     }
