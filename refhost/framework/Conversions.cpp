@@ -11,11 +11,18 @@
 
 namespace {
 
-/// The first place from `place` on whose character is a blank or is none; the end where there is
-/// no such place.
-std::size_t FindFrom(std::string_view text, std::size_t place, bool isBlank)
+/// The first place from `place` on that has no blank; the end where there is no such place.
+std::size_t TokenFrom(std::string_view text, std::size_t place)
 {
-    while (place < text.size() && refhost::IsBlank(text[place]) != isBlank)
+    while (place < text.size() && refhost::IsBlank(text[place]))
+        ++place;
+    return place;
+}
+
+/// The same for the first blank.
+std::size_t BlankFrom(std::string_view text, std::size_t place)
+{
+    while (place < text.size() && !refhost::IsBlank(text[place]))
         ++place;
     return place;
 }
@@ -50,13 +57,16 @@ double String2Double(const std::string& text)
 void SplitToToken(const std::string& text, std::vector<std::string>& tokens)
 {
     const std::string_view view = text;
-    std::size_t place = FindFrom(view, 0, false);
+    std::size_t place = TokenFrom(view, 0);
     while (place < view.size()) {
-        std::string& token = tokens.emplace_back();
-        if (view[place] == '"') token = TakeQuotedToken(view, place);
-        const std::size_t end = FindFrom(view, place, true);
-        token.append(view, place, end - place);
-        place = FindFrom(view, end, false);
+        std::string* const quoted =
+            view[place] == '"' ? &tokens.emplace_back(TakeQuotedToken(view, place)) : nullptr;
+        const std::size_t end = BlankFrom(view, place);
+        if (quoted)
+            quoted->append(view, place, end - place);
+        else
+            tokens.emplace_back(view.data() + place, end - place);
+        place = TokenFrom(view, end);
     }
 }
 
