@@ -196,11 +196,11 @@ private:
 
 std::optional<tree::Visualization> ReadTemplate(std::string_view text, TextOfKey* textOfKey)
 {
-    const auto repaired = RepairTemplate(text);
+    auto repaired = RepairTemplate(text);
     if (!repaired) return std::nullopt;
-    pugi::xml_document document;
-    const auto result = document.load_buffer(repaired->data(), repaired->size(),
-                                             tree::kParseOptions, pugi::encoding_utf8);
+    pugi::xml_document document;  // stands on the repaired text
+    const auto result = document.load_buffer_inplace(repaired->data(), repaired->size(),
+                                                     tree::kParseOptions, pugi::encoding_utf8);
     if (result.status == pugi::status_out_of_memory) {  // the library throws nothing
         if (const std::new_handler handler = std::get_new_handler()) handler();
         throw std::bad_alloc();

@@ -16,8 +16,6 @@ constexpr std::string_view kNamedEntities[] = {"amp", "lt", "gt", "quot", "apos"
 constexpr std::string_view kTextEnd = "</text>";
 constexpr std::size_t kLongestEntity = 10;  // "&#1114111;"
 
-bool IsSpace(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; }
-
 /// A set of characters, asked by one look.
 class CharacterSet {
 public:
@@ -38,6 +36,7 @@ private:
 
 constexpr CharacterSet kNameCharacters(
     "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789_");
+constexpr CharacterSet kSpace(" \t\n\r");
 constexpr CharacterSet kEscaped(std::string_view("<>\"\n\r\t\0&", 8));
 
 bool IsXmlCharacter(std::uint32_t code)
@@ -138,9 +137,18 @@ private:
         return fText.substr(std::min(at, fText.size()), word.size()) == word;
     }
 
+    bool Has(std::size_t at, char character) const
+    {
+        return at < fText.size() && fText[at] == character;
+    }
+
+    bool HasEmptyEnd(std::size_t at) const { return Has(at, '/') && Has(at + 1, '>'); }
+
+    bool HasValue(std::size_t at) const { return Has(at, '=') && Has(at + 1, '"'); }
+
     std::size_t BehindSpace(std::size_t at) const
     {
-        while (at < fText.size() && IsSpace(fText[at]))
+        while (at < fText.size() && kSpace.Has(fText[at]))
             ++at;
         return at;
     }
@@ -169,13 +177,13 @@ private:
 
     Tag FindTag(std::size_t at)
     {
-        if (!Has(at, "<")) return {};
-        const bool closes = Has(at, "</");
+        if (!Has(at, '<')) return {};
+        const bool closes = Has(at + 1, '/');
         const std::size_t begin = at + (closes ? 2 : 1);
         const std::size_t end = NameEnd(begin);
         if (end == fText.size()) return {};
         const char behind = fText[end];
-        if (!IsSpace(behind) && behind != '/' && behind != '>') return {};
+        if (!kSpace.Has(behind) && behind != '/' && behind != '>') return {};
         return {FindElement(fText.substr(begin, end - begin)), closes, end};
     }
 
@@ -190,26 +198,27 @@ private:
     bool CloseTag(const Tag& tag)
     {
         fAt = BehindSpace(tag.fNameEnd);
-        if (!Has(fAt, ">")) return false;
+        if (!Has(fAt, '>')) return false;
         ++fAt;
-        fOut.append("</").append(tag.fElement->fElement).append(">");
+        fOut.append("</").append(tag.fElement->fElement) += '>';
         return true;
     }
 
     bool OpenTag(const Tag& tag)
     {
-        fOut.append("<").append(tag.fElement->fElement);
+        fOut += '<';
+        fOut += tag.fElement->fElement;
         fGiven.clear();
         fAt = BehindSpace(tag.fNameEnd);
         while (fAt < fText.size()) {
-            if (Has(fAt, "/>")) {
+            if (HasEmptyEnd(fAt)) {
                 fAt += 2;
                 fOut.append("/>");
                 return true;
             }
-            if (Has(fAt, ">")) {
+            if (Has(fAt, '>')) {
                 ++fAt;
-                fOut.append(">");
+                fOut += '>';
                 if (tag.fElement->fElement == kTextElement) CopyText();
                 return true;
             }
@@ -223,7 +232,7 @@ private:
     bool CopyAttribute(const GrammarRow& element)
     {
         const std::size_t nameEnd = NameEnd(fAt);
-        if (nameEnd == fAt || !Has(nameEnd, "=\"")) return false;
+        if (nameEnd == fAt || !HasValue(nameEnd)) return false;
         const std::string_view name = fText.substr(fAt, nameEnd - fAt);
         fGiven.push_back(name);
         const std::size_t begin = nameEnd + 2;
@@ -249,12 +258,12 @@ private:
     bool ClosesAttribute(std::size_t behind, const GrammarRow& element)
     {
         const std::size_t next = BehindSpace(behind);
-        if (Has(next, "/>")) return IsBetweenTags(next + 2);
-        if (Has(next, ">")) return element.fElement == kTextElement || IsBetweenTags(next + 1);
+        if (HasEmptyEnd(next)) return IsBetweenTags(next + 2);
+        if (Has(next, '>')) return element.fElement == kTextElement || IsBetweenTags(next + 1);
         if (next == behind) return false;
         const std::size_t nameEnd = NameEnd(next);
         const std::string_view name = fText.substr(next, nameEnd - next);
-        return Has(nameEnd, "=\"") && HasAttribute(element, name) &&
+        return HasValue(nameEnd) && HasAttribute(element, name) &&
                std::find(fGiven.begin(), fGiven.end(), name) == fGiven.end();
     }
 
