@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <string_view>
 
+#include "refhost/data/CharacterSet.h"
 #include "refhost/data/ShortestNumber.h"
 
 namespace refhost {
@@ -140,14 +141,16 @@ std::string FixedText(double value, int decimals)
     const auto written = std::to_chars(text.data(), text.data() + text.size(), value,
                                        std::chars_format::fixed, std::max(decimals, 0));
     text.resize(static_cast<std::size_t>(written.ptr - text.data()));
-    if (text.find_first_not_of("-0.") == std::string::npos && text.front() == '-') text.erase(0, 1);
+    static constexpr CharacterSet kOfZero("-0.");
+    if (text.front() == '-' && kOfZero.HasAll(text)) text.erase(0, 1);
     return text;
 }
 
 std::string FixedTextOrBound(double value, int decimals)
 {
     std::string text = FixedText(value, decimals);
-    const bool isZero = text.find_first_not_of("0.") == std::string::npos;
+    static constexpr CharacterSet kOfZero("0.");
+    const bool isZero = kOfZero.HasAll(text);
     return value > 0.0 && isZero ? "<" + FixedText(std::pow(10.0, -decimals), decimals) : text;
 }
 

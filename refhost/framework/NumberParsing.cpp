@@ -9,11 +9,13 @@
 
 #include "refhost/framework/Blanks.h"
 
+#include "refhost/data/CharacterSet.h"
+
 namespace refhost {
 
 namespace {
 
-constexpr std::string_view kDecimalDigits = "0123456789";
+constexpr CharacterSet kDecimalDigits("0123456789");
 
 /// Without the blanks around it and without a leading "+".
 std::string_view NumberPart(std::string_view text)
@@ -109,7 +111,7 @@ std::optional<int> ParseInteger(std::string_view text)
     const std::string_view number = NumberPart(text);
     const bool negative = number.starts_with('-');
     const std::string_view digits = number.substr(negative ? 1 : 0);
-    if (digits.empty() || digits.find_first_not_of(kDecimalDigits) != std::string_view::npos) {
+    if (digits.empty() || !kDecimalDigits.HasAll(digits)) {
         const std::optional<double> value = DoubleOf(number);
         if (!value) return {};
         return ClampedToInt(*value);

@@ -1,11 +1,11 @@
 #include "refhost/template/RepairTemplate.h"
 
 #include <algorithm>
-#include <array>
 #include <charconv>
 #include <cstdint>
 #include <vector>
 
+#include "refhost/data/CharacterSet.h"
 #include "refhost/template/TemplateGrammar.h"
 
 namespace refhost {
@@ -15,24 +15,6 @@ namespace {
 constexpr std::string_view kNamedEntities[] = {"amp", "lt", "gt", "quot", "apos"};
 constexpr std::string_view kTextEnd = "</text>";
 constexpr std::size_t kLongestEntity = 10;  // "&#1114111;"
-
-/// A set of characters, asked by one look.
-class CharacterSet {
-public:
-    constexpr explicit CharacterSet(std::string_view characters)
-    {
-        for (const char character : characters)
-            fHolds[static_cast<unsigned char>(character)] = true;
-    }
-
-    constexpr bool Has(char character) const
-    {
-        return fHolds[static_cast<unsigned char>(character)];
-    }
-
-private:
-    std::array<bool, 256> fHolds{};
-};
 
 constexpr CharacterSet kNameCharacters(
     "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789_");

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <iterator>
 
+#include "refhost/data/CharacterSet.h"
 #include "refhost/data/JsonEscape.h"
 #include "refhost/data/ShortestNumber.h"
 
@@ -63,7 +64,8 @@ void JsonStream::Value(int number)
 
 void JsonStream::Lines(std::string_view text)
 {
-    if (text.find_first_of("\n\r\xE2") == std::string_view::npos) return Value(text);
+    static constexpr CharacterSet kStartsOfBreaks("\n\r\xE2");
+    if (!kStartsOfBreaks.HasAny(text)) return Value(text);
     const std::vector<std::string_view> lines = SplitLines(text);
     if (lines.size() == 1) return Value(lines.front());
     BeginArray();

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "refhost/data/CharacterSet.h"
 #include "refhost/document/OutputNode.h"
 #include "refhost/plot/ResolvedChart.h"
 #include "refhost/writers/Escape.h"
@@ -11,6 +12,8 @@
 #include "refhost/writers/TableGrid.h"
 
 namespace refhost {
+
+using namespace std::string_view_literals;
 
 namespace {
 
@@ -276,7 +279,8 @@ std::size_t SizeOf(std::size_t rows)
 /// A number, or what one is below.
 bool LooksNumeric(std::string_view text)
 {
-    return text.find_first_not_of("<+-.0123456789eE") == std::string_view::npos;
+    static constexpr CharacterSet kOfNumbers("<+-.0123456789eE");
+    return kOfNumbers.HasAll(text);
 }
 
 }  // namespace
@@ -329,9 +333,9 @@ void AppendDataTable(std::string& out, const DataSummary& data)
     for (const std::vector<std::string>& row : data.fRows) {
         out.append("<tr>");
         for (std::size_t column = 0; column < numeric.size(); ++column) {
-            out.append(numeric[column] ? "<td class=\"number\">" : "<td class=\"text\">");
+            out += numeric[column] ? "<td class=\"number\">"sv : "<td class=\"text\">"sv;
             if (column < row.size()) AppendMarkupText(out, row[column]);
-            out.append("</td>");
+            out += "</td>"sv;
         }
         out.append("</tr>\n");
     }
