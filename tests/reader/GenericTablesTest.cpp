@@ -54,6 +54,24 @@ TEST(ToNumericTable, KeepsShapesApart)
     EXPECT_THAT(table.fRows, ElementsAre(ElementsAre(1, 2, 3), IsEmpty(), ElementsAre(4)));
 }
 
+TEST(ToNumericTable, ReadsTextsOfManyPieces)
+{
+    constexpr std::size_t kCount = 300'000;
+    SimpleTableData data{"", "", "", {""}};
+    for (std::size_t number = 0; number < kCount; ++number)
+        data.fRowTexts.front() += std::to_string(number) + ' ';
+    data.fColumnNames = data.fRowTexts.front();
+    NumericTable table;
+    ASSERT_TRUE(ToNumericTable(data, table));
+    const std::vector<double>& row = table.fRows.front();
+    ASSERT_EQ(row.size(), kCount);
+    ASSERT_EQ(table.fColumnNames.size(), kCount);
+    for (std::size_t number = 0; number < kCount; ++number) {
+        ASSERT_EQ(row[number], static_cast<double>(number));
+        ASSERT_EQ(table.fColumnNames[number], std::to_string(number));
+    }
+}
+
 TEST(ToNumericTable, KeepsWhatAnEmptyRowHeldBefore)
 {
     NumericTable table;
