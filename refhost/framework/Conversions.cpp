@@ -59,11 +59,11 @@ void SplitToToken(const std::string& text, std::vector<std::string>& tokens)
     const std::string_view view = text;
     std::size_t place = TokenFrom(view, 0);
     while (place < view.size()) {
-        std::string* const quoted =
-            view[place] == '"' ? &tokens.emplace_back(TakeQuotedToken(view, place)) : nullptr;
+        const bool isQuoted = view[place] == '"';
+        if (isQuoted) tokens.push_back(TakeQuotedToken(view, place));
         const std::size_t end = BlankFrom(view, place);
-        if (quoted)
-            quoted->append(view, place, end - place);
+        if (isQuoted)
+            tokens.back().append(view, place, end - place);
         else
             tokens.emplace_back(view.data() + place, end - place);
         place = TokenFrom(view, end);
