@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <iterator>
 
 namespace refhost {
@@ -34,15 +35,19 @@ constexpr std::size_t SlotOf(std::string_view name)
     return (code(name.front()) * 31 + code(name.back()) * 7 + name.size()) % kSlots;
 }
 
-constexpr auto kBySlot = [] {
-    std::array<const GrammarRow*, kSlots> slots{};
-    for (const GrammarRow& row : kGrammar) {
-        std::size_t slot = SlotOf(row.fElement);
-        while (slots.at(slot))
+constexpr std::uint8_t kNoRow = 0xFF;
+static_assert(std::size(kGrammar) < kNoRow);
+
+constexpr auto kRowOfSlot = [] {
+    std::array<std::uint8_t, kSlots> rows{};
+    rows.fill(kNoRow);
+    for (std::size_t row = 0; row < std::size(kGrammar); ++row) {
+        std::size_t slot = SlotOf(kGrammar[row].fElement);
+        while (rows.at(slot) != kNoRow)
             slot = (slot + 1) % kSlots;
-        slots.at(slot) = &row;
+        rows.at(slot) = static_cast<std::uint8_t>(row);
     }
-    return slots;
+    return rows;
 }();
 
 }  // namespace
@@ -50,10 +55,11 @@ constexpr auto kBySlot = [] {
 const GrammarRow* FindElement(std::string_view name)
 {
     if (name.empty()) return nullptr;
-    std::size_t slot = SlotOf(name);
-    while (kBySlot[slot] && kBySlot[slot]->fElement != name)
-        slot = (slot + 1) % kSlots;
-    return kBySlot[slot];
+    for (std::size_t slot = SlotOf(name); kRowOfSlot[slot] != kNoRow; slot = (slot + 1) % kSlots) {
+        const GrammarRow& row = kGrammar[kRowOfSlot[slot]];
+        if (row.fElement == name) return &row;
+    }
+    return nullptr;
 }
 
 bool HasAttribute(const GrammarRow& row, std::string_view name)
